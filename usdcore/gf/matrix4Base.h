@@ -1,0 +1,127 @@
+#pragma once
+
+// The transform operations of GfMatrix4d and GfMatrix4f. Row 3 holds the
+// translation; points are (x, y, z, 1) row vectors multiplied on the left.
+
+#include "usdcore/gf/matrixBase.h"
+#include "usdcore/gf/quat.h"
+#include "usdcore/gf/rotation.h"
+#include "usdcore/pxr.h"
+
+PXR_NAMESPACE_OPEN_SCOPE
+
+template <class Derived, class S>
+class Gf_Matrix4Base : public Gf_MatrixBase<Derived, S, 4>
+{
+    using Base = Gf_MatrixBase<Derived, S, 4>;
+
+public:
+    using Vec3 = Gf_Vec<S, 3>;
+    using Quat = Gf_Quat<S>;
+    using Base::Base;
+
+    Derived& SetTranslate(const Vec3& t)
+    {
+        this->SetIdentity();
+        return SetTranslateOnly(t);
+    }
+    Derived& SetTranslateOnly(const Vec3& t)
+    {
+        for (size_t c = 0; c < 3; ++c) this->_m[3][c] = t[c];
+        return this->_Self();
+    }
+    Derived& SetScale(S s) { return this->SetDiagonal(Gf_Vec<S, 4>(s, s, s, S(1))); }
+    Derived& SetScale(const Vec3& s) { return this->SetDiagonal(Gf_Vec<S, 4>(s[0], s[1], s[2], S(1))); }
+
+    Derived& SetRotate(const Quat& q)
+    {
+        this->SetIdentity();
+        return SetRotateOnly(q);
+    }
+    Derived& SetRotate(const GfRotation& r)
+    {
+        this->SetIdentity();
+        return SetRotateOnly(r);
+    }
+    /// Replaces the upper 3x3 block only, keeping the translation.
+    Derived& SetRotateOnly(const Quat& q) { return _SetRotationBlock(GfQuatd(q)); }
+    Derived& SetRotateOnly(const GfRotation& r) { return _SetRotationBlock(r.GetQuat()); }
+
+    Vec3 ExtractTranslation() const { return Vec3(this->_m[3][0], this->_m[3][1], this->_m[3][2]); }
+
+    /// The rotation of the upper 3x3 block. Rows are normalised first so
+    /// that a scale composed with the rotation does not disturb it.
+    Quat ExtractRotationQuat() const
+    {
+        double rows[3][3];
+        for (size_t r = 0; r < 3; ++r) {
+            Gf_Vec<double, 3> row(this->_m[r][0], this->_m[r][1], this->_m[r][2]);
+            row.Normalize();
+            for (size_t c = 0; c < 3; ++c) rows[r][c] = row[c];
+        }
+        return Quat(Gf_RotationRowsToQuat(rows));
+    }
+    GfRotation ExtractRotation() const { return GfRotation(GfQuatd(ExtractRotationQuat())); }
+
+    /// Transforms a point, dividing by the resulting w.
+    template <class V>
+    Gf_Vec<V, 3> Transform(const Gf_Vec<V, 3>& p) const
+    {
+        const Gf_Vec<double, 4> h = _Apply(p, 1.0);
+        return Gf_Vec<V, 3>(V(h[0] / h[3]), V(h[1] / h[3]), V(h[2] / h[3]));
+    }
+    /// Transforms a point assuming the last column is (0, 0, 0, 1).
+    template <class V>
+    Gf_Vec<V, 3> TransformAffine(const Gf_Vec<V, 3>& p) const
+    {
+        const Gf_Vec<double, 4> h = _Apply(p, 1.0);
+        return Gf_Vec<V, 3>(V(h[0]), V(h[1]), V(h[2]));
+    }
+    /// Transforms a direction: the translation does not apply.
+    template <class V>
+    Gf_Vec<V, 3> TransformDir(const Gf_Vec<V, 3>& d) const
+    {
+        const Gf_Vec<double, 4> h = _Apply(d, 0.0);
+        return Gf_Vec<V, 3>(V(h[0]), V(h[1]), V(h[2]));
+    }
+
+    /// Determinant of the upper 3x3 block.
+    double GetDeterminant3() const
+    {
+        const auto& m = this->_m;
+        return double(m[0][0]) * (double(m[1][1]) * m[2][2] - double(m[1][2]) * m[2][1]) -
+               double(m[0][1]) * (double(m[1][0]) * m[2][2] - double(m[1][2]) * m[2][0]) +
+               double(m[0][2]) * (double(m[1][0]) * m[2][1] - double(m[1][1]) * m[2][0]);
+    }
+    /// 1 for right-handed, -1 for left-handed (mirroring), 0 when degenerate.
+    double GetHandedness() const
+    {
+        const double det = GetDeterminant3();
+        return det > 0.0 ? 1.0 : (det < 0.0 ? -1.0 : 0.0);
+    }
+    bool IsRightHanded() const { return GetHandedness() == 1.0; }
+    bool IsLeftHanded() const { return GetHandedness() == -1.0; }
+
+private:
+    Derived& _SetRotationBlock(const GfQuatd& q)
+    {
+        double rows[3][3];
+        Gf_QuatToRotationRows(q.GetNormalized(), rows);
+        for (size_t r = 0; r < 3; ++r)
+            for (size_t c = 0; c < 3; ++c) this->_m[r][c] = S(rows[r][c]);
+        return this->_Self();
+    }
+
+    template <class V>
+    Gf_Vec<double, 4> _Apply(const Gf_Vec<V, 3>& v, double w) const
+    {
+        Gf_Vec<double, 4> out;
+        for (size_t c = 0; c < 4; ++c) {
+            out[c] = double(v[0]) * this->_m[0][c] + double(v[1]) * this->_m[1][c] +
+                     double(v[2]) * this->_m[2][c] + w * this->_m[3][c];
+        }
+        return out;
+    }
+};
+
+PXR_NAMESPACE_CLOSE_SCOPE

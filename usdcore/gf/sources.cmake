@@ -1,0 +1,4 @@
+list(APPEND USDCORE_SOURCES
+  gf/half.cpp
+  gf/rotation.cpp
+)

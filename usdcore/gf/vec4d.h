@@ -1,0 +1,9 @@
+#pragma once
+
+#include "usdcore/gf/vec.h"
+
+PXR_NAMESPACE_OPEN_SCOPE
+
+using GfVec4d = Gf_Vec<double, 4>;
+
+PXR_NAMESPACE_CLOSE_SCOPE
