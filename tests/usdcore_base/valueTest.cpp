@@ -1,0 +1,126 @@
+#include "usdcore/tf/diagnostic.h"
+#include "usdcore/vt/dictionary.h"
+#include "usdcore/vt/types.h"
+#include "usdcore/vt/value.h"
+
+#include <gtest/gtest.h>
+
+PXR_NAMESPACE_USING_DIRECTIVE
+
+TEST(VtValue, HoldsExactlyOneType)
+{
+    VtValue v(3.0f);
+    EXPECT_TRUE(v.IsHolding<float>());
+    EXPECT_FALSE(v.IsHolding<double>());
+    EXPECT_EQ(v.UncheckedGet<float>(), 3.0f);
+    EXPECT_EQ(v.GetType(), typeid(float));
+    EXPECT_EQ(v.GetTypeName(), "float");
+    EXPECT_FALSE(v.IsEmpty());
+    EXPECT_TRUE(VtValue().IsEmpty());
+    EXPECT_EQ(VtValue().GetType(), typeid(void));
+}
+
+TEST(VtValue, GetOfTheWrongTypeReportsAndFallsBack)
+{
+    TfDiagnosticCapture capture;
+    VtValue v(TfToken("catmullClark"));
+    EXPECT_EQ(v.Get<int>(), 0);
+    EXPECT_TRUE(capture.Contains(TF_DIAGNOSTIC_CODING_ERROR_TYPE, "'int'"));
+    EXPECT_TRUE(capture.Contains("'TfToken'"));
+    EXPECT_EQ(v.GetWithDefault<int>(7), 7);
+    EXPECT_EQ(v.GetWithDefault<TfToken>(), TfToken("catmullClark"));
+}
+
+TEST(VtValue, CStringsAreHeldAsStdString)
+{
+    VtValue v("rightHanded");
+    ASSERT_TRUE(v.IsHolding<std::string>());
+    EXPECT_EQ(v.UncheckedGet<std::string>(), "rightHanded");
+    EXPECT_TRUE(v == std::string("rightHanded"));
+    EXPECT_TRUE(v == "rightHanded");
+}
+
+TEST(VtValue, EqualityNeedsTheSameTypeAndValue)
+{
+    EXPECT_EQ(VtValue(1), VtValue(1));
+    EXPECT_NE(VtValue(1), VtValue(2));
+    EXPECT_NE(VtValue(1), VtValue(1.0)); // int vs double
+    EXPECT_EQ(VtValue(), VtValue());
+    EXPECT_NE(VtValue(), VtValue(0));
+    EXPECT_EQ(VtValue(GfMatrix4d(1)), VtValue(GfMatrix4d(1)));
+    EXPECT_TRUE(VtValue(GfVec3f(1, 2, 3)) == GfVec3f(1, 2, 3));
+    EXPECT_FALSE(VtValue(GfVec3f(1, 2, 3)) == GfVec3d(1, 2, 3));
+}
+
+TEST(VtValue, ArraysReportTheirSizeAndCopyCheaply)
+{
+    VtVec3fArray points(1000);
+    VtValue v(points);
+    EXPECT_TRUE(v.IsArrayValued());
+    EXPECT_EQ(v.GetArraySize(), 1000u);
+    EXPECT_EQ(v.GetTypeName(), "VtArray<GfVec3f>");
+    VtValue copy = v;
+    EXPECT_EQ(copy.UncheckedGet<VtVec3fArray>().cdata(), points.cdata());
+    EXPECT_FALSE(VtValue(1.0).IsArrayValued());
+    EXPECT_EQ(VtValue(1.0).GetArraySize(), 0u);
+}
+
+TEST(VtValue, HeapHeldValuesAreCopiedBeforeModification)
+{
+    // A matrix does not fit inline; copies share it until one is changed.
+    VtValue a(GfMatrix4d(2));
+    VtValue b = a;
+    GfMatrix4d replacement(5);
+    b.Swap(replacement);
+    EXPECT_EQ(replacement, GfMatrix4d(2));
+    EXPECT_EQ(b.UncheckedGet<GfMatrix4d>(), GfMatrix4d(5));
+    EXPECT_EQ(a.UncheckedGet<GfMatrix4d>(), GfMatrix4d(2));
+}
+
+TEST(VtValue, RemoveTakeAndSwap)
+{
+    VtValue v(std::string("long enough not to fit in any small string buffer"));
+    const std::string taken = v.Remove<std::string>();
+    EXPECT_EQ(taken, "long enough not to fit in any small string buffer");
+    EXPECT_TRUE(v.IsEmpty());
+
+    VtIntArray ints = {4, 5};
+    VtValue t = VtValue::Take(ints);
+    EXPECT_TRUE(ints.empty());
+    EXPECT_EQ(t.UncheckedGet<VtIntArray>(), (VtIntArray{4, 5}));
+
+    VtValue x(1), y(TfToken("y"));
+    x.Swap(y);
+    EXPECT_EQ(x, VtValue(TfToken("y")));
+    EXPECT_EQ(y, VtValue(1));
+
+    VtValue wrong(2.5);
+    EXPECT_EQ(wrong.Remove<int>(), 0);
+    EXPECT_TRUE(wrong.IsEmpty());
+}
+
+TEST(VtValue, AssignmentReplacesTypeAndValue)
+{
+    VtValue v(1);
+    v = GfQuatf(1, 0, 0, 0);
+    EXPECT_TRUE(v.IsHolding<GfQuatf>());
+    v = VtValue();
+    EXPECT_TRUE(v.IsEmpty());
+    VtValue self(std::string("s"));
+    self = self;
+    EXPECT_EQ(self, VtValue("s"));
+}
+
+TEST(VtDictionary, OrderedNestedLookup)
+{
+    VtDictionary inner{{"b", VtValue(2)}};
+    VtDictionary outer{{"z", VtValue(1)}, {"a", VtValue(inner)}};
+    EXPECT_EQ(outer.begin()->first, "a"); // ordered by key
+    const VtValue* found = outer.GetValueAtPath("a:b");
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(*found, VtValue(2));
+    EXPECT_EQ(outer.GetValueAtPath("a:c"), nullptr);
+    EXPECT_EQ(outer.GetValueAtPath("z:b"), nullptr);
+    EXPECT_EQ(VtValue(outer), VtValue(VtDictionary(outer)));
+    EXPECT_TRUE(VtGetEmptyDictionary().empty());
+}

@@ -1,0 +1,4 @@
+list(APPEND USDCORE_SOURCES
+  vt/dictionary.cpp
+  vt/value.cpp
+)
