@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 PXR_NAMESPACE_USING_DIRECTIVE
 
 TEST(VtValue, HoldsExactlyOneType)
@@ -123,4 +125,15 @@ TEST(VtDictionary, OrderedNestedLookup)
     EXPECT_EQ(outer.GetValueAtPath("z:b"), nullptr);
     EXPECT_EQ(VtValue(outer), VtValue(VtDictionary(outer)));
     EXPECT_TRUE(VtGetEmptyDictionary().empty());
+}
+
+TEST(VtValue, StreamsTheHeldValue)
+{
+    struct NoPrinter {
+        bool operator==(const NoPrinter&) const { return true; }
+    };
+    std::ostringstream out;
+    out << VtValue(GfVec3f(1, 2, 3)) << ' ' << VtValue(VtIntArray{4, 5}) << ' ' << VtValue()
+        << '|' << VtValue(TfToken("tok")) << ' ' << VtValue(NoPrinter());
+    EXPECT_EQ(out.str().substr(0, 30), "(1, 2, 3) [4, 5] |tok <VtValue");
 }

@@ -55,6 +55,11 @@ std::string VtValue::GetTypeName() const
     return Vt_GetTypeName(GetType());
 }
 
+void Vt_StreamUnprintable(std::ostream& out, const std::type_info& type)
+{
+    out << '<' << Vt_GetTypeName(type) << '>';
+}
+
 void VtValue::Vt_ReportBadGet(const std::type_info& wanted, const std::type_info& held)
 {
     TF_CODING_ERROR("Attempted to get value of type '%s' from VtValue holding '%s'",

@@ -5,7 +5,9 @@
 #include "usdcore/vt/array.h"
 
 #include <cstddef>
+#include <iosfwd>
 #include <memory>
+#include <ostream>
 #include <new>
 #include <string>
 #include <type_traits>
@@ -43,7 +45,17 @@ struct Vt_ValueTypeInfo {
     void (*destroy)(Vt_ValueStorage& storage);
     bool (*equal)(const Vt_ValueStorage& a, const Vt_ValueStorage& b);
     size_t (*arraySize)(const Vt_ValueStorage& storage);
+    void (*stream)(std::ostream& out, const Vt_ValueStorage& storage);
 };
+
+template <class T, class = void>
+struct Vt_IsStreamable : std::false_type {};
+template <class T>
+struct Vt_IsStreamable<T, std::void_t<decltype(std::declval<std::ostream&>() << std::declval<const T&>())>>
+    : std::true_type {};
+
+/// Prints a held value that has no operator<< as its type name in brackets.
+void Vt_StreamUnprintable(std::ostream& out, const std::type_info& type);
 
 template <class T>
 struct Vt_ValueOps {
@@ -110,8 +122,17 @@ struct Vt_ValueOps {
         }
     }
 
-    static inline const Vt_ValueTypeInfo info{typeid(T), VtIsArray<T>::value, &Copy, &Move,
-                                              &Destroy,  &Equal,             &ArraySize};
+    static void Stream(std::ostream& out, const Vt_ValueStorage& s)
+    {
+        if constexpr (Vt_IsStreamable<T>::value) {
+            out << Get(s);
+        } else {
+            Vt_StreamUnprintable(out, typeid(T));
+        }
+    }
+
+    static inline const Vt_ValueTypeInfo info{typeid(T), VtIsArray<T>::value, &Copy,   &Move,
+                                              &Destroy,  &Equal,             &ArraySize, &Stream};
 };
 
 /// Holds one value of any type (or nothing). Type checks are a pointer
@@ -265,6 +286,12 @@ public:
     friend bool operator!=(const VtValue& v, const T& rhs)
     {
         return !(v == rhs);
+    }
+
+    friend std::ostream& operator<<(std::ostream& out, const VtValue& v)
+    {
+        if (v._info) v._info->stream(out, v._storage);
+        return out;
     }
 
 private:
