@@ -1,0 +1,4 @@
+list(APPEND USDCORE_SOURCES
+  sdf/usdz/package.cpp
+  sdf/usdz/packageUtils.cpp
+)
