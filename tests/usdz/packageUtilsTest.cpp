@@ -63,3 +63,28 @@ TEST(PackageRelativePath, JoinThenSplitRoundTrips)
     EXPECT_EQ(inner.second, parts[2]);
     EXPECT_EQ(ArSplitPackageRelativePathInner(inner.first), Split(parts[0], parts[1]));
 }
+
+TEST(AnchorAssetPath, RelativeToTheAuthoringLayer)
+{
+    EXPECT_EQ(SdfAnchorAssetPath("/show/shot/layer.usda", "./geo/a.usdc"), "/show/shot/geo/a.usdc");
+    EXPECT_EQ(SdfAnchorAssetPath("/show/shot/layer.usda", "../lib/b.usda"), "/show/lib/b.usda");
+    EXPECT_EQ(SdfAnchorAssetPath("/show/shot/layer.usda", "/abs//c.usda"), "/abs/c.usda");
+    EXPECT_EQ(SdfAnchorAssetPath("layer.usda", "./c.usda"), "c.usda");
+    EXPECT_EQ(SdfAnchorAssetPath("dir/layer.usda", ""), "");
+}
+
+TEST(AnchorAssetPath, InsideAPackageStaysInsideIt)
+{
+    EXPECT_EQ(SdfAnchorAssetPath("/p/scene.usdz[sub/layer.usda]", "./tex/t.png"),
+              "/p/scene.usdz[sub/tex/t.png]");
+    EXPECT_EQ(SdfAnchorAssetPath("/p/scene.usdz[sub/layer.usda]", "../root.png"),
+              "/p/scene.usdz[root.png]");
+    EXPECT_EQ(SdfAnchorAssetPath("/p/a.usdz[b.usdz[c/d.usda]]", "e.png"), "/p/a.usdz[b.usdz[c/e.png]]");
+}
+
+TEST(AnchorAssetPath, PackageRelativeAssetsAnchorTheirPackage)
+{
+    EXPECT_EQ(SdfAnchorAssetPath("/p/layer.usda", "./other.usdz[inner/x.usda]"),
+              "/p/other.usdz[inner/x.usda]");
+    EXPECT_EQ(SdfAnchorAssetPath("/p/s.usdz[layer.usda]", "./n.usdz[x.usda]"), "/p/s.usdz[n.usdz[x.usda]]");
+}

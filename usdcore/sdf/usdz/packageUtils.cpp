@@ -1,5 +1,8 @@
 #include "usdcore/sdf/usdz/packageUtils.h"
 
+#include "usdcore/tf/pathUtils.h"
+#include "usdcore/tf/stringUtils.h"
+
 PXR_NAMESPACE_OPEN_SCOPE
 
 namespace {
@@ -162,6 +165,39 @@ std::pair<std::string, std::string> ArSplitPackageRelativePathInner(const std::s
     std::string package = path;
     package.erase(open, close - open + 1);
     return {std::move(package), UnescapeBrackets(path.substr(open + 1, close - open - 1))};
+}
+
+namespace {
+
+std::string AnchorFilePath(const std::string& anchorIdentifier, const std::string& path)
+{
+    if (path[0] == '/') {
+        return TfNormPath(path);
+    }
+    const std::pair<std::string, std::string> anchor = ArSplitPackageRelativePathInner(anchorIdentifier);
+    if (!anchor.second.empty()) {
+        // Inside a package: stay inside it.
+        return ArJoinPackageRelativePath(anchor.first,
+                                         TfNormPath(TfGetPathName(anchor.second) + path));
+    }
+    const std::string directory = TfGetPathName(anchorIdentifier);
+    return TfNormPath(directory.empty() ? path : directory + path);
+}
+
+} // namespace
+
+std::string SdfAnchorAssetPath(const std::string& anchorIdentifier, const std::string& assetPath)
+{
+    if (assetPath.empty()) {
+        return assetPath;
+    }
+    // Of a package-relative asset path only the outer package path is
+    // anchored; what is inside the package is relative to the package.
+    const std::pair<std::string, std::string> asset = ArSplitPackageRelativePathOuter(assetPath);
+    if (!asset.second.empty() && !asset.first.empty()) {
+        return ArJoinPackageRelativePath(AnchorFilePath(anchorIdentifier, asset.first), asset.second);
+    }
+    return AnchorFilePath(anchorIdentifier, assetPath);
 }
 
 PXR_NAMESPACE_CLOSE_SCOPE

@@ -32,4 +32,12 @@ std::pair<std::string, std::string> ArSplitPackageRelativePathOuter(const std::s
 /// not package-relative -> (path, "").
 std::pair<std::string, std::string> ArSplitPackageRelativePathInner(const std::string& path);
 
+/// Resolves \p assetPath as authored in the layer \p anchorIdentifier.
+/// Relative paths ("./tex.png", "../geo.usd", "sub/a.usda") are anchored at
+/// the anchor's directory; inside a package, at the directory of the
+/// anchor's packaged path, so "pkg.usdz[sub/a.usda]" anchors "./t.png" to
+/// "pkg.usdz[sub/t.png]". Absolute and package-relative asset paths are
+/// only normalised. The result is lexical: nothing is looked up on disk.
+std::string SdfAnchorAssetPath(const std::string& anchorIdentifier, const std::string& assetPath);
+
 PXR_NAMESPACE_CLOSE_SCOPE
