@@ -148,3 +148,13 @@ TEST(GfMatrix, ProjectiveTransformDividesByW)
     EXPECT_EQ(m.Transform(GfVec3d(2, 4, 6)), GfVec3d(1, 2, 3));
     EXPECT_EQ(m.TransformAffine(GfVec3d(2, 4, 6)), GfVec3d(2, 4, 6));
 }
+
+TEST(GfMatrix, TransformIsRotationThenTranslation)
+{
+    // 90 degrees about Z takes (1, 0, 0) to (0, 1, 0); then + (10, 0, 0).
+    const GfMatrix4d m(GfRotation(GfVec3d::ZAxis(), 90), GfVec3d(10, 0, 0));
+    EXPECT_TRUE(GfIsClose(m.Transform(GfVec3d(1, 0, 0)), GfVec3d(10, 1, 0), 1e-12));
+    GfMatrix4f f;
+    f.SetTransform(GfRotation(GfVec3d::ZAxis(), 90), GfVec3f(0, 0, 5));
+    EXPECT_TRUE(GfIsClose(f.Transform(GfVec3f(1, 0, 0)), GfVec3f(0, 1, 5), 1e-6));
+}

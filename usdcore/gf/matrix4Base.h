@@ -19,6 +19,16 @@ public:
     using Vec3 = Gf_Vec<S, 3>;
     using Quat = Gf_Quat<S>;
     using Base::Base;
+    Gf_Matrix4Base() = default;
+    /// Rotation, then translation.
+    Gf_Matrix4Base(const GfRotation& rotate, const Vec3& translate) { SetTransform(rotate, translate); }
+
+    /// Rotation, then translation, replacing the whole matrix.
+    Derived& SetTransform(const GfRotation& rotate, const Vec3& translate)
+    {
+        SetRotate(rotate);
+        return SetTranslateOnly(translate);
+    }
 
     Derived& SetTranslate(const Vec3& t)
     {
