@@ -158,3 +158,18 @@ TEST(GfMatrix, TransformIsRotationThenTranslation)
     f.SetTransform(GfRotation(GfVec3d::ZAxis(), 90), GfVec3f(0, 0, 5));
     EXPECT_TRUE(GfIsClose(f.Transform(GfVec3f(1, 0, 0)), GfVec3f(0, 1, 5), 1e-6));
 }
+
+TEST(GfMatrix, SetEntriesAndRows)
+{
+    GfMatrix3d m;
+    m.Set(1, 2, 3, 4, 5, 6, 7, 8, 10);
+    EXPECT_EQ(m.GetRow(2), GfVec3d(7, 8, 10));
+    EXPECT_EQ(m.GetColumn(1), GfVec3d(2, 5, 8));
+    // 1*(50-48) - 2*(40-42) + 3*(32-35) = 2 + 4 - 9
+    EXPECT_NEAR(m.GetDeterminant(), -3.0, 1e-12);
+    GfMatrix4d t(1);
+    t.SetRow3(3, GfVec3d(4, 5, 6));
+    EXPECT_EQ(t.GetRow3(3), GfVec3d(4, 5, 6));
+    EXPECT_EQ(t.ExtractTranslation(), GfVec3d(4, 5, 6));
+    EXPECT_EQ(t[3][3], 1.0);
+}

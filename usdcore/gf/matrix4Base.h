@@ -57,6 +57,13 @@ public:
     Derived& SetRotateOnly(const Quat& q) { return _SetRotationBlock(GfQuatd(q)); }
     Derived& SetRotateOnly(const GfRotation& r) { return _SetRotationBlock(r.GetQuat()); }
 
+    /// The first three entries of a row (row 3 holds the translation).
+    Vec3 GetRow3(size_t row) const { return Vec3(this->_m[row][0], this->_m[row][1], this->_m[row][2]); }
+    void SetRow3(size_t row, const Vec3& v)
+    {
+        for (size_t c = 0; c < 3; ++c) this->_m[row][c] = v[c];
+    }
+
     Vec3 ExtractTranslation() const { return Vec3(this->_m[3][0], this->_m[3][1], this->_m[3][2]); }
 
     /// The rotation of the upper 3x3 block. Rows are normalised first so

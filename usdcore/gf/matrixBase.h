@@ -41,6 +41,12 @@ public:
         for (size_t i = 0; i < N * N; ++i) _m[i / N][i % N] = flat[i];
     }
 
+    /// All N*N entries, row by row.
+    template <class... Args, std::enable_if_t<sizeof...(Args) == N * N, int> = 0>
+    Derived& Set(Args... entries)
+    {
+        return _Self() = Derived(entries...);
+    }
     Derived& Set(const S m[N][N])
     {
         for (size_t r = 0; r < N; ++r)
