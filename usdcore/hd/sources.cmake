@@ -1,0 +1,5 @@
+list(APPEND USDCORE_SOURCES
+  hd/meshTopology.cpp
+  hd/meshUtil.cpp
+  hd/tokens.cpp
+)
