@@ -25,7 +25,7 @@ TEST(SdfPathParsing, EveryKindPrintsBackAsWritten)
         "/World.visibility", "/World.primvars:st:indices", ".size", "/Model{lod=high}",
         "/Model{lod=high}Geom", "/Model{lod=high}{shading=red}Geom.color", "/Model{lod=}",
         "/A.rel[/B.attr]", "/A.rel[/B].note", "/A.rel[/B.r[/C]]", "/A.attr.mapper[/B.x]",
-        "/A.attr.mapper[/B.x].arg", "/A.attr.expression",
+        "/A.attr.mapper[/B.x].arg", "/A.attr.expression", "/A.r[/B].a.mapper[/C.d]",
     };
     for (const char* text : texts) {
         TfDiagnosticCapture capture;
@@ -302,4 +302,33 @@ TEST(SdfPathOrdering, FollowsOpenUsdOrder)
     EXPECT_FALSE(P("/A") < P("/A"));
     EXPECT_TRUE(P("/A") <= P("/A"));
     EXPECT_TRUE(P("/B") > P("/A/Z"));
+}
+
+TEST(SdfPathParsing, TruncatedAndCorruptedTextNeverCrashes)
+{
+    // Every prefix of a path using every element kind, and every single-byte
+    // change of it to a character the grammar cares about, must parse or be
+    // rejected cleanly (the sanitizer builds check the "cleanly").
+    const std::string full = "/A{v=x}B.r[/C.s[/D]].attr.mapper[/E.y].arg";
+    const char replacements[] = {'/', '.', '[', ']', '{', '}', '=', ':', ' ', '\0', 'x'};
+    TfDiagnosticCapture capture;
+    size_t parsed = 0;
+    for (size_t length = 0; length <= full.size(); ++length) {
+        parsed += !SdfPath(full.substr(0, length)).IsEmpty();
+        for (size_t at = 0; at < length; ++at) {
+            for (char replacement : replacements) {
+                std::string text = full.substr(0, length);
+                text[at] = replacement;
+                const SdfPath path(text);
+                if (!path.IsEmpty()) {
+                    // Whatever parses prints as a path that parses to itself.
+                    EXPECT_EQ(SdfPath(path.GetString()), path) << text;
+                }
+            }
+        }
+    }
+    // Parsing prefixes: "/", "/A", "/A{v=x}", "/A{v=x}B", "/A{v=x}B.r",
+    // "/A{v=x}B.r[/C.s[/D]]" followed by ".a", ".at", ".att", ".attr",
+    // ".attr.mapper[/E.y]" and that followed by ".a", ".ar", ".arg".
+    EXPECT_EQ(parsed, 14u);
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <string_view>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -477,7 +478,7 @@ SdfPath SdfPath::AppendRelationalAttribute(const TfToken& attrName) const
 
 SdfPath SdfPath::AppendMapper(const SdfPath& targetPath) const
 {
-    if (!targetPath._node || !IsPrimPropertyPath()) {
+    if (!targetPath._node || !IsPropertyPath()) {
         TF_CODING_ERROR("Cannot append mapper <%s> to <%s>", targetPath.GetText(), GetText());
         return SdfPath();
     }
@@ -496,7 +497,7 @@ SdfPath SdfPath::AppendMapperArg(const TfToken& argName) const
 
 SdfPath SdfPath::AppendExpression() const
 {
-    if (!IsPrimPropertyPath()) {
+    if (!IsPropertyPath()) {
         TF_CODING_ERROR("Cannot append an expression to <%s>", GetText());
         return SdfPath();
     }
@@ -616,31 +617,41 @@ SdfPath SdfPath::MakeRelativePath(const SdfPath& anchor) const
     return SdfPath(Rebase(absolute._node, common._node->elementCount, result, Identity));
 }
 
+namespace {
+
+bool IsIdentifierStartByte(unsigned char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
+}
+
+// Checked in place: path building calls this for every appended name.
+bool IsIdentifierText(std::string_view name)
+{
+    if (name.empty() || !IsIdentifierStartByte(static_cast<unsigned char>(name[0]))) {
+        return false;
+    }
+    return std::all_of(name.begin() + 1, name.end(), [](char c) {
+        return IsIdentifierStartByte(static_cast<unsigned char>(c)) || (c >= '0' && c <= '9');
+    });
+}
+
+} // namespace
+
 bool SdfPath::IsValidIdentifier(const std::string& name)
 {
-    if (name.empty()) {
-        return false;
-    }
-    const auto isStart = [](unsigned char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c >= 0x80;
-    };
-    if (!isStart(static_cast<unsigned char>(name[0]))) {
-        return false;
-    }
-    return std::all_of(name.begin() + 1, name.end(), [&](char c) {
-        return isStart(static_cast<unsigned char>(c)) || (c >= '0' && c <= '9');
-    });
+    return IsIdentifierText(name);
 }
 
 bool SdfPath::IsValidNamespacedIdentifier(const std::string& name)
 {
+    const std::string_view text(name);
     size_t start = 0;
     while (true) {
-        const size_t colon = name.find(':', start);
-        if (!IsValidIdentifier(name.substr(start, colon - start))) {
+        const size_t colon = text.find(':', start);
+        if (!IsIdentifierText(text.substr(start, colon - start))) {
             return false;
         }
-        if (colon == std::string::npos) {
+        if (colon == std::string_view::npos) {
             return true;
         }
         start = colon + 1;

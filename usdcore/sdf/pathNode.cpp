@@ -3,7 +3,6 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <unordered_set>
 #include <vector>
 
 PXR_NAMESPACE_OPEN_SCOPE
@@ -22,19 +21,86 @@ size_t NodeKeyHash(const Sdf_PathNode* parent, Sdf_PathNodeType type, const TfTo
     h = CombineHash(h, static_cast<size_t>(type));
     h = CombineHash(h, name.Hash());
     h = CombineHash(h, variant.Hash());
-    return CombineHash(h, std::hash<const void*>()(target));
+    h = CombineHash(h, std::hash<const void*>()(target));
+    // Final avalanche (from MurmurHash3): node addresses differ only in a
+    // few middle bits, and both the shard and the bucket are taken from
+    // the hash modulo small numbers.
+    h ^= h >> 33;
+    h *= 0xff51afd7ed558ccdull;
+    h ^= h >> 33;
+    h *= 0xc4ceb9fe1a85ec53ull;
+    h ^= h >> 33;
+    return h;
 }
 
-struct NodeHash {
-    size_t operator()(const Sdf_PathNode* node) const { return node->hash; }
-};
+bool SameKey(const Sdf_PathNode& a, const Sdf_PathNode& b)
+{
+    return a.parent == b.parent && a.type == b.type && a.name == b.name &&
+           a.variant == b.variant && a.target == b.target;
+}
 
-struct NodeEqual {
-    bool operator()(const Sdf_PathNode* a, const Sdf_PathNode* b) const
+// Open addressing with linear probing over (hash, node) slots: a lookup
+// touches one or two cache lines of slots and the node it finds, where a
+// node-based hash set chases a pointer per step.
+class NodeIndex
+{
+public:
+    const Sdf_PathNode* Find(const Sdf_PathNode& key) const
     {
-        return a->parent == b->parent && a->type == b->type && a->name == b->name &&
-               a->variant == b->variant && a->target == b->target;
+        if (_slots.empty()) {
+            return nullptr;
+        }
+        for (size_t i = key.hash & _mask;; i = (i + 1) & _mask) {
+            const Slot& slot = _slots[i];
+            if (!slot.node) {
+                return nullptr;
+            }
+            if (slot.hash == key.hash && SameKey(*slot.node, key)) {
+                return slot.node;
+            }
+        }
     }
+
+    void Insert(const Sdf_PathNode* node)
+    {
+        // Kept at most half full, so probes stay short.
+        if (2 * (_count + 1) > _slots.size()) {
+            Grow();
+        }
+        Place(node);
+        ++_count;
+    }
+
+private:
+    struct Slot {
+        size_t hash = 0;
+        const Sdf_PathNode* node = nullptr;
+    };
+
+    void Place(const Sdf_PathNode* node)
+    {
+        size_t i = node->hash & _mask;
+        while (_slots[i].node) {
+            i = (i + 1) & _mask;
+        }
+        _slots[i] = Slot{node->hash, node};
+    }
+
+    void Grow()
+    {
+        std::vector<Slot> old = std::move(_slots);
+        _slots.assign(old.empty() ? 64 : old.size() * 2, Slot());
+        _mask = _slots.size() - 1;
+        for (const Slot& slot : old) {
+            if (slot.node) {
+                Place(slot.node);
+            }
+        }
+    }
+
+    std::vector<Slot> _slots;
+    size_t _mask = 0;
+    size_t _count = 0;
 };
 
 // Readers may build paths from several threads; sharding by hash keeps them
@@ -44,7 +110,7 @@ constexpr size_t kShardCount = 64;
 
 struct Shard {
     std::mutex mutex;
-    std::unordered_set<const Sdf_PathNode*, NodeHash, NodeEqual> index;
+    NodeIndex index;
     std::deque<Sdf_PathNode> nodes;
 };
 
@@ -93,11 +159,10 @@ const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_Pat
     key.target = target;
     key.hash = NodeKeyHash(parent, type, name, variant, target);
 
-    Shard& shard = Table().shards[key.hash % kShardCount];
+    Shard& shard = Table().shards[(key.hash >> 58) % kShardCount];
     std::lock_guard<std::mutex> lock(shard.mutex);
-    auto found = shard.index.find(&key);
-    if (found != shard.index.end()) {
-        return *found;
+    if (const Sdf_PathNode* found = shard.index.Find(key)) {
+        return found;
     }
     Sdf_PathNode& node = shard.nodes.emplace_back();
     node.parent = parent;
@@ -111,7 +176,7 @@ const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_Pat
     node.containsVariantSelection = parent->containsVariantSelection ||
                                     type == Sdf_PathNodeType::PrimVariantSelection;
     node.containsTarget = parent->containsTarget || target != nullptr;
-    shard.index.insert(&node);
+    shard.index.Insert(&node);
     return &node;
 }
 

@@ -209,7 +209,8 @@ private:
                 return name.empty() ? Fail("expected a mapper argument name")
                                     : Child(node, Sdf_PathNodeType::MapperArg, name);
             }
-            if (type == Sdf_PathNodeType::PrimProperty) {
+            if (type == Sdf_PathNodeType::PrimProperty ||
+                type == Sdf_PathNodeType::RelationalAttribute) {
                 return ParsePropertySuffix(node);
             }
             return Fail("unexpected '.'");
@@ -235,7 +236,8 @@ private:
         return Child(node, type, name);
     }
 
-    // ".mapper[/target]" or ".expression" after a property.
+    // ".mapper[/target]" or ".expression" after a property or relational
+    // attribute.
     const Sdf_PathNode* ParsePropertySuffix(const Sdf_PathNode* node)
     {
         const std::string_view word = TakeIdentifier();
