@@ -10,6 +10,7 @@
 #include "usdcore/sdf/payload.h"
 #include "usdcore/sdf/reference.h"
 #include "usdcore/sdf/timeCode.h"
+#include "usdcore/vt/array.h"
 #include "usdcore/vt/dictionary.h"
 #include "usdcore/vt/value.h"
 
@@ -63,6 +64,9 @@ enum SdfVariability {
     SdfVariabilityUniform,
     SdfNumVariabilities
 };
+
+using SdfAssetPathArray = VtArray<SdfAssetPath>;
+using SdfTimeCodeArray = VtArray<SdfTimeCode>;
 
 /// Time -> value, as authored in "timeSamples"; a sample may hold an
 /// SdfValueBlock.
