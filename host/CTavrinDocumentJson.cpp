@@ -1,0 +1,203 @@
+#include "host/CTavrinDocumentJson.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "host/CTavrinDocument.h"
+#include "host/CTavrinGeometry.h"
+#include "host/CTavrinMaterial.h"
+#include "host/CTavrinTransform.h"
+
+namespace Tavrin {
+
+namespace {
+
+CTavrinJson MatrixJson(const CTavrinMatrix& matrix)
+{
+    CTavrinJson values = CTavrinJson::array();
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 4; ++column)
+            values.push_back(matrix.M(row, column));
+    return values;
+}
+
+CTavrinJson VectorsJson(const std::vector<CTavrin3DVertex>& vectors)
+{
+    CTavrinJson list = CTavrinJson::array();
+    for (const CTavrin3DVertex& v : vectors)
+        list.push_back({v.X(), v.Y(), v.Z()});
+    return list;
+}
+
+const char* NodeTypeName(enumEntityType type)
+{
+    switch (type) {
+    case ENTITY_3D_OBJECT:
+        return "3DObject";
+    case ENTITY_SKELETON_JOINT:
+        return "SkeletonJoint";
+    default:
+        return "TransformNode";
+    }
+}
+
+class DocumentWriter {
+public:
+    explicit DocumentWriter(const CTavrinDocument& document) : m_document(document)
+    {
+        const auto& nodes = document.SceneNodes();
+        for (std::size_t i = 0; i < nodes.size(); ++i)
+            m_ids.emplace(nodes[i], static_cast<int>(i));
+    }
+
+    int NodeId(const CTavrinSceneNode* node) const
+    {
+        const auto found = m_ids.find(node);
+        return found == m_ids.end() ? -1 : found->second;
+    }
+
+    CTavrinJson NodeReference(const CTavrinSceneNode* node) const
+    {
+        const int id = NodeId(node);
+        return id < 0 ? CTavrinJson(nullptr) : CTavrinJson(id);
+    }
+
+    CTavrinJson Write(const CTavrinSequenceJsonWriter& sequence) const
+    {
+        CTavrinJson nodes = CTavrinJson::array();
+        for (const CTavrinSceneNode* node : m_document.SceneNodes())
+            nodes.push_back(Node(*node));
+        CTavrinJson result = CTavrinJson::object();
+        result["nodes"] = std::move(nodes);
+        result["sequence"] = nullptr;
+        if (sequence)
+            result["sequence"] = sequence([this](const CTavrinSceneNode* node) { return NodeId(node); });
+        return result;
+    }
+
+private:
+    CTavrinJson Node(const CTavrinSceneNode& node) const
+    {
+        CTavrinJson json = CTavrinJson::object();
+        json["id"] = NodeId(&node);
+        json["type"] = NodeTypeName(node.EntityType());
+        json["name"] = node.Name().toStdString();
+        json["parent"] = NodeReference(node.Parent());
+        const CTavrinTransform* local = node.LocalTransform();
+        json["localMatrix"] = local ? MatrixJson(local->Matrix()) : CTavrinJson(nullptr);
+        if (const auto* joint = dynamic_cast<const CTavrinSkeletonJoint*>(&node)) {
+            const CTavrinMatrix* invBind = joint->InvBindMatrix();
+            json["invBindMatrix"] = invBind ? MatrixJson(*invBind) : CTavrinJson(nullptr);
+        }
+        if (const auto* object = dynamic_cast<const CTavrin3DObject*>(&node)) {
+            json["material"] = object->Material() ? Material(*object->Material()) : CTavrinJson(nullptr);
+            json["geometry"] = object->Geometry() ? Geometry(*object->Geometry()) : CTavrinJson(nullptr);
+            json["textureCoordinates"] =
+                object->TextureCoordinatesTable() ? TextureCoordinates(*object->TextureCoordinatesTable())
+                                                  : CTavrinJson(nullptr);
+        }
+        return json;
+    }
+
+    static CTavrinJson Material(const CTavrinMaterial& material)
+    {
+        CTavrinJson json = CTavrinJson::object();
+        json["name"] = material.Name().toStdString();
+        CTavrinJson set = CTavrinJson::object();
+        CTavrinJson textures = CTavrinJson::object();
+        if (const CTavrinBasicMaterial* basic = material.BasicMaterial()) {
+            const CTavrinMaterialValues& values = basic->Values();
+            for (int i = 0; i < static_cast<int>(enumMaterialValue::Count); ++i) {
+                const auto which = static_cast<enumMaterialValue>(i);
+                if (!values.WasAssigned(which))
+                    continue;
+                const auto& value = values.Value(which);
+                set[CTavrinMaterialValues::Name(which)] = CTavrinMaterialValues::Components(which) == 3
+                                                              ? CTavrinJson({value[0], value[1], value[2]})
+                                                              : CTavrinJson(value[0]);
+            }
+            for (const auto& [slot, texture] : basic->TextureSlots())
+                if (!texture->IsEmpty())
+                    textures[slot] = texture->FullFilename().toStdString();
+        }
+        json["set"] = std::move(set);
+        json["textures"] = std::move(textures);
+        return json;
+    }
+
+    CTavrinJson Geometry(const CTavrinGeometry& geometry) const
+    {
+        CTavrinJson json = CTavrinJson::object();
+        const CTavrinVerticiesTable* vertices = geometry.VerticiesTable();
+        json["vertices"] = vertices ? VectorsJson(vertices->Vectors()) : CTavrinJson::array();
+        const CTavrinVerticiesNormalsTable* normals = geometry.VerticiesNormalsTable();
+        json["normals"] = normals ? VectorsJson(normals->Vectors()) : CTavrinJson(nullptr);
+        json["triangles"] = nullptr;
+        if (const CTavrinPolygonsTable* polygons = geometry.PolygonsTable()) {
+            CTavrinJson triangles = CTavrinJson::array();
+            for (const auto& t : polygons->Triangles())
+                triangles.push_back({t[0], t[1], t[2]});
+            json["triangles"] = std::move(triangles);
+        }
+        json["rig"] = geometry.RigGeometryTable() ? Rig(*geometry.RigGeometryTable()) : CTavrinJson(nullptr);
+        return json;
+    }
+
+    CTavrinJson Rig(const CTavrinRigGeometryTable& rig) const
+    {
+        // The table orders joints by address; the contract orders them by
+        // node id within each vertex.
+        std::vector<std::pair<int, const CTavrinRigGeometryTable::Entry*>> entries;
+        entries.reserve(rig.Entries().size());
+        for (const auto& entry : rig.Entries())
+            entries.emplace_back(NodeId(entry.joint), &entry);
+        std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+            if (a.second->vertex != b.second->vertex)
+                return a.second->vertex < b.second->vertex;
+            return a.first < b.first;
+        });
+        CTavrinJson json = CTavrinJson::array();
+        for (const auto& [jointId, entry] : entries)
+            json.push_back({entry->vertex, jointId < 0 ? CTavrinJson(nullptr) : CTavrinJson(jointId), entry->weight});
+        return json;
+    }
+
+    static CTavrinJson TextureCoordinates(const CTavrinTextureCoordinatesTable& table)
+    {
+        CTavrinJson json = CTavrinJson::array();
+        for (const CTavrinTextureCoordinate& c : table.Coordinates())
+            json.push_back({c.U(), c.V()});
+        return json;
+    }
+
+    const CTavrinDocument& m_document;
+    std::unordered_map<const CTavrinSceneNode*, int> m_ids;
+};
+
+} // namespace
+
+CTavrinJson DocumentToJson(const CTavrinDocument& document, const CTavrinSequenceJsonWriter& sequence)
+{
+    return DocumentWriter(document).Write(sequence);
+}
+
+CTavrinJson ImportRecordToJson(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence)
+{
+    CTavrinJson json = CTavrinJson::object();
+    json["format"] = "tavrin-document/1";
+    json["source"] = record.source.toStdString();
+    CTavrinJson progress = CTavrinJson::array();
+    for (const auto& [message, value] : record.progress)
+        progress.push_back({message.toStdString(), value});
+    json["progress"] = std::move(progress);
+    json["document"] = record.document ? DocumentToJson(*record.document, sequence) : CTavrinJson(nullptr);
+    return json;
+}
+
+std::string ImportRecordToJsonText(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence)
+{
+    // Replace invalid UTF-8 rather than throw: nothing may escape the writer.
+    return ImportRecordToJson(record, sequence).dump(2, ' ', false, CTavrinJson::error_handler_t::replace);
+}
+
+} // namespace Tavrin

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "host/CTavrinEntity.h"
+#include "host/CTavrinTexture.h"
+
+namespace Tavrin {
+
+class CTavrinDocument;
+
+// The values a basic material's setters assign: name, number of components
+// and the host's default. One list serves storage, recording and the JSON.
+#define TAVRIN_MATERIAL_VALUES(X)             \
+    X(Color, 3, 0.8)                          \
+    X(Alpha, 1, 1.0)                          \
+    X(Roughness, 1, 0.5)                      \
+    X(Metalness, 1, 0.0)                      \
+    X(Emission, 3, 0.0)                       \
+    X(Specular, 3, 1.0)                       \
+    X(OcclusionStrength, 1, 1.0)              \
+    X(CoatThickness, 1, 0.0)                  \
+    X(Eta, 1, 1.5)                            \
+    X(DisplacementAmount, 1, 0.0)
+
+enum class enumMaterialValue {
+#define TAVRIN_MATERIAL_ENUM(name, components, fallback) name,
+    TAVRIN_MATERIAL_VALUES(TAVRIN_MATERIAL_ENUM)
+#undef TAVRIN_MATERIAL_ENUM
+    Count
+};
+
+enum enumTextureType {
+    TEXTURE_TYPE_NONE = 0,
+    TEXTURE_TYPE_DIFFUSE = 1,
+};
+
+// Records which values were assigned, so a document tells what the import
+// did. Entries: for each value, the last assignment, or its default.
+class CTavrinMaterialValues {
+public:
+    CTavrinMaterialValues();
+    void Assign(enumMaterialValue value, double a, double b = 0.0, double c = 0.0);
+    bool WasAssigned(enumMaterialValue value) const { return m_assigned[Index(value)]; }
+    const std::array<double, 3>& Value(enumMaterialValue value) const { return m_values[Index(value)]; }
+
+    static const char* Name(enumMaterialValue value);
+    static int Components(enumMaterialValue value);
+
+private:
+    static std::size_t Index(enumMaterialValue value) { return static_cast<std::size_t>(value); }
+    static constexpr std::size_t count = static_cast<std::size_t>(enumMaterialValue::Count);
+    std::array<std::array<double, 3>, count> m_values;
+    std::bitset<count> m_assigned;
+};
+
+// A double member that remembers whether it was ever assigned.
+class CTavrinRecordedDouble {
+public:
+    CTavrinRecordedDouble(CTavrinMaterialValues& values, enumMaterialValue which) : m_values(values), m_which(which) {}
+    CTavrinRecordedDouble(const CTavrinRecordedDouble&) = delete;
+    CTavrinRecordedDouble& operator=(const CTavrinRecordedDouble& other) { return *this = double(other); }
+    CTavrinRecordedDouble& operator=(double value)
+    {
+        m_values.Assign(m_which, value);
+        return *this;
+    }
+    operator double() const { return m_values.Value(m_which)[0]; }
+
+private:
+    CTavrinMaterialValues& m_values;
+    enumMaterialValue m_which;
+};
+
+// The host's basic material: values set through its setters and texture
+// maps, six of which the importer assigns directly.
+class CTavrinBasicMaterial : public CTavrinDataMembersManager {
+public:
+    CTavrinBasicMaterial();
+    CTavrinBasicMaterial(const CTavrinBasicMaterial&) = delete;
+    CTavrinBasicMaterial& operator=(const CTavrinBasicMaterial&) = delete;
+
+    CTavrinTexture NormalTexture;
+    CTavrinTexture OpacityTexture;
+    CTavrinTexture DisplacementTexture;
+    CTavrinTexture RoughnessTexture;
+    CTavrinTexture MetalnessTexture;
+    CTavrinTexture EmissionTexture;
+    CTavrinRecordedDouble DisplacementAmount;
+
+    const CTavrinMaterialValues& Values() const { return m_values; }
+    // Every texture slot by its name, in a fixed order, empty ones included.
+    std::vector<std::pair<const char*, const CTavrinTexture*>> TextureSlots() const;
+
+protected:
+    CTavrinMaterialValues m_values;
+    CTavrinTexture m_texture;
+    CTavrinTexture m_specularMap;
+    CTavrinTexture m_occlusionMap;
+    CTavrinTexture m_thicknessMap;
+    CTavrinTexture m_roughnessMap;
+    CTavrinTexture m_etaMap;
+};
+
+// The setter interface of basic materials. The fourth number of the colours
+// is an intensity the importer always passes as 1.0, and the flags ask the
+// host to refresh dependent values; neither changes what is recorded.
+class CTavrinCommonBasicMaterial : public CTavrinBasicMaterial {
+public:
+    void SetColor(double r, double g, double b, double intensity, bool refresh);
+    void SetAlpha(double alpha, bool refresh);
+    void SetRoughness(double roughness, bool refresh);
+    void SetMetalness(double metalness, bool refresh);
+    void SetEmission(double r, double g, double b, double intensity, bool refresh);
+    void SetSpecular(double r, double g, double b, double intensity, bool refresh);
+    void SetOcclusionStrength(double strength);
+    void SetCoatThickness(double thickness);
+    void SetEta(double eta);
+    // Only the diffuse type (1) has a slot; other types are ignored.
+    void SetTexture(const CTavrinTexture& texture, enumTextureType type);
+    void SetSpecularMap(const CTavrinTexture& texture) { m_specularMap = texture; }
+    void SetOcclusionMap(const CTavrinTexture& texture) { m_occlusionMap = texture; }
+    void SetThicknessMap(const CTavrinTexture& texture) { m_thicknessMap = texture; }
+    void SetRoughnessMap(const CTavrinTexture& texture) { m_roughnessMap = texture; }
+    void SetEtaMap(const CTavrinTexture& texture) { m_etaMap = texture; }
+};
+
+class CTavrinBasicGeneralMaterial : public CTavrinCommonBasicMaterial {
+public:
+    // A new basic material with the host's defaults, owned by the caller
+    // until a material loads it.
+    static CTavrinBasicGeneralMaterial* Create() { return new CTavrinBasicGeneralMaterial(); }
+};
+
+class CTavrinMaterial : public CTavrinEntity {
+public:
+    static CTavrinMaterial* Create(CTavrinDocument* document);
+    enumEntityType EntityType() const override { return ENTITY_MATERIAL; }
+
+    // Takes over the basic material, ownership included. The flag asks the
+    // host to rebuild previews, which this model has none of.
+    void LoadBasicMaterial(const CTavrinBasicMaterial* basicMaterial, bool refreshPreview);
+    const CTavrinBasicMaterial* BasicMaterial() const { return m_basicMaterial.get(); }
+
+private:
+    std::unique_ptr<const CTavrinBasicMaterial> m_basicMaterial;
+};
+
+} // namespace Tavrin
