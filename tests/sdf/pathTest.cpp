@@ -211,6 +211,9 @@ TEST(SdfPathBuilding, AppendingElements)
     EXPECT_EQ(P("/A").AppendElementString("{v=sel}"), P("/A{v=sel}"));
     EXPECT_EQ(P("/A.r").AppendElementString("[/T]"), P("/A.r[/T]"));
     EXPECT_EQ(root.AppendElementToken(TfToken("Top")), P("/Top"));
+    EXPECT_EQ(P("/Top").AppendElementToken(TfToken("{v=x}")), P("/Top{v=x}"));
+    EXPECT_EQ(P("/Top{v=x}").AppendElementToken(TfToken("Geom")), P("/Top{v=x}Geom"));
+    EXPECT_EQ(P("/Top").AppendElementToken(TfToken(".size")), P("/Top.size"));
     EXPECT_EQ(SdfPath::ReflexiveRelativePath().AppendChild(TfToken("A")), P("A"));
 }
 
@@ -224,7 +227,8 @@ TEST(SdfPathBuilding, InvalidAppendsAreCodingErrors)
     EXPECT_TRUE(P("/A").AppendTarget(P("/B")).IsEmpty());
     EXPECT_TRUE(P("/A").AppendPath(P("/B")).IsEmpty());
     EXPECT_TRUE(P("/A").AppendElementString("B/C").IsEmpty());
-    EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_CODING_ERROR_TYPE), 7u);
+    EXPECT_TRUE(P("/A.x").AppendElementToken(TfToken("B")).IsEmpty());
+    EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_CODING_ERROR_TYPE), 8u);
 }
 
 TEST(SdfPathBuilding, SamePathIsTheSameNode)

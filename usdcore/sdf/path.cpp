@@ -521,6 +521,11 @@ SdfPath SdfPath::AppendElementString(const std::string& element) const
 
 SdfPath SdfPath::AppendElementToken(const TfToken& elementTok) const
 {
+    // The crate reader names most prims this way: a plain name needs no
+    // parsing and no second trip through the token table.
+    if (_node && _node->IsPrimLike() && IsValidIdentifier(elementTok.GetString())) {
+        return SdfPath(Append(_node, NodeType::Prim, elementTok));
+    }
     return AppendElementString(elementTok.GetString());
 }
 
