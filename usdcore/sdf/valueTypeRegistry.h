@@ -15,7 +15,6 @@ public:
     static SdfValueTypeName FindByName(const TfToken& name);
     static SdfValueTypeName FindByValue(const VtValue& value, const TfToken& role);
     static std::vector<SdfValueTypeName> GetAll();
-    static SdfValueTypeName Wrap(const Sdf_ValueTypeImpl* impl) { return SdfValueTypeName(impl); }
 };
 
 PXR_NAMESPACE_CLOSE_SCOPE
