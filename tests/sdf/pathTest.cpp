@@ -128,11 +128,16 @@ TEST(SdfPathQueries, ElementCountsNamesAndElements)
     EXPECT_EQ(P("/A/B").GetName(), "B");
     EXPECT_EQ(P("/A/B.x:y").GetNameToken(), TfToken("x:y"));
     EXPECT_EQ(P("/A.r[/B].note").GetName(), "note");
-    EXPECT_EQ(P("/A{v=x}").GetName(), "");
+    EXPECT_EQ(P("/A{v=x}").GetName(), "x");
+    EXPECT_EQ(P("/A{v=}").GetName(), "v");
+    EXPECT_EQ(P("/A.r[/B]").GetName(), "");
+    EXPECT_EQ(P("/A.x.expression").GetName(), "expression");
     EXPECT_EQ(P("/").GetName(), "/");
     EXPECT_EQ(P(".").GetName(), ".");
     EXPECT_EQ(P("..").GetName(), "..");
 
+    EXPECT_EQ(P("/").GetElementString(), "");
+    EXPECT_EQ(P(".").GetElementToken(), TfToken());
     EXPECT_EQ(P("/A/B").GetElementString(), "B");
     EXPECT_EQ(P("/A.x").GetElementString(), ".x");
     EXPECT_EQ(P("/A{v=x}").GetElementString(), "{v=x}");

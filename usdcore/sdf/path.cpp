@@ -279,25 +279,30 @@ SdfPathVector SdfPath::GetPrefixes() const
 
 const TfToken& SdfPath::GetNameToken() const
 {
-    static const TfToken empty;
+    static const TfToken* const empty = new TfToken();
+    static const TfToken* const expression = new TfToken("expression");
     if (!_node) {
-        return empty;
+        return *empty;
     }
     switch (_node->type) {
-    case NodeType::Root:
-    case NodeType::Prim:
-    case NodeType::PrimProperty:
-    case NodeType::RelationalAttribute:
-    case NodeType::MapperArg:
-        return _node->name;
+    case NodeType::PrimVariantSelection:
+        // The selected variant, or the set when the selection is empty.
+        return _node->variant.IsEmpty() ? _node->name : _node->variant;
+    case NodeType::Expression:
+        return *expression;
+    case NodeType::Target:
+    case NodeType::Mapper:
+        return *empty;
     default:
-        return empty;
+        return _node->name;
     }
 }
 
 std::string SdfPath::GetElementString() const
 {
-    return _node ? Sdf_PathNodeElementString(_node) : std::string();
+    // The roots are not elements.
+    return _node && _node->type != NodeType::Root ? Sdf_PathNodeElementString(_node)
+                                                  : std::string();
 }
 
 TfToken SdfPath::GetElementToken() const
