@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <thread>
 #include <vector>
 
 PXR_NAMESPACE_USING_DIRECTIVE
@@ -340,4 +341,31 @@ TEST(SdfPathParsing, TruncatedAndCorruptedTextNeverCrashes)
     // "/A{v=x}B.r[/C.s[/D]]" followed by ".a", ".at", ".att", ".attr",
     // ".attr.mapper[/E.y]" and that followed by ".a", ".ar", ".arg".
     EXPECT_EQ(parsed, 14u);
+}
+
+TEST(SdfPathBuilding, ThreadsBuildingOnePathGetOneNode)
+{
+    // Readers may build paths on several threads: each distinct path must
+    // still be a single node, and its lazily built text the same.
+    constexpr int kThreads = 4;
+    constexpr int kPrims = 500;
+    std::vector<SdfPathVector> built(kThreads);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < kThreads; ++t) {
+        threads.emplace_back([t, &built] {
+            const SdfPath root = SdfPath::AbsoluteRootPath().AppendChild(TfToken("Threads"));
+            for (int i = 0; i < kPrims; ++i) {
+                const SdfPath prim = root.AppendChild(TfToken("P" + std::to_string(i)));
+                built[t].push_back(prim.AppendProperty(TfToken("x")));
+                built[t].back().GetString();
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (int t = 1; t < kThreads; ++t) {
+        EXPECT_EQ(built[t], built[0]);
+    }
+    EXPECT_EQ(built[0][123].GetString(), "/Threads/P123.x");
 }
