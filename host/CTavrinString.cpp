@@ -1,6 +1,7 @@
 #include "host/CTavrinString.h"
 
 #include <cwctype>
+#include <ostream>
 
 namespace Tavrin {
 
@@ -257,6 +258,11 @@ void CTavrinString::TruncateBefore(wchar_t character)
     const std::size_t position = m_text.rfind(character);
     if (position != std::wstring::npos)
         m_text.erase(0, position + 1);
+}
+
+void PrintTo(const CTavrinString& text, std::ostream* stream)
+{
+    *stream << '"' << text.toStdString() << '"';
 }
 
 } // namespace Tavrin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <iosfwd>
 #include <string>
 
 namespace Tavrin {
@@ -64,5 +65,8 @@ public:
 private:
     std::wstring m_text;
 };
+
+// Lets test frameworks print the text (as UTF-8).
+void PrintTo(const CTavrinString& text, std::ostream* stream);
 
 } // namespace Tavrin
