@@ -48,8 +48,9 @@ public:
     bool ReadFromArchive(CTavrinArchiveBase* archive) override;
     bool WriteIntoArchive(CTavrinArchiveBase* archive) override;
 
-    // Set while a document file's records are read; IDs read then name
-    // entities of the document being loaded.
+    // The animation model brackets its reading of a document file's records
+    // with true and false, so that code reached from there can tell a
+    // document load (IsReadingTavFile) from the reading of a copy.
     static void SetReadingTavFile(bool reading);
     static bool IsReadingTavFile();
 
