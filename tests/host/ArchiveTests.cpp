@@ -171,3 +171,20 @@ TEST(Archive, DocumentQueryAndReadingFlag)
     CTavrinID::SetReadingTavFile(false);
     EXPECT_FALSE(CTavrinID::IsReadingTavFile());
 }
+
+TEST(Archive, EveryTruncationOfARecordFailsCleanly)
+{
+    Record written;
+    written.text = CTavrinString("abc");
+    written.uuid.Generate();
+    written.id = CTavrinID(written.uuid, 2);
+    written.ids = {written.id};
+    CTavrinBinaryArchiveWriter writer;
+    ASSERT_TRUE(written.ArchiveReadWrite(writer));
+    const std::vector<std::uint8_t>& bytes = writer.Bytes();
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+        CTavrinBinaryArchiveReader reader(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + size));
+        Record read;
+        EXPECT_FALSE(read.ArchiveReadWrite(reader)) << "cut at " << size;
+    }
+}
