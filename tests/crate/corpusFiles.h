@@ -14,7 +14,6 @@ inline std::string ReadCorpusFile(const std::string& relativePath)
 }
 
 // The smallest crate file of the corpus, version 0.0.1 (padded path headers and
-// specs, raw sections): pseudo-root listing AirConditioner, `def
-// AirConditioner`, and `def Scope "Scope"`.
+// specs, raw sections): `def "AirConditioner"` and `def Scope "Scope"`.
 inline const char* const kOldestCrateFile =
     "PixarAnimationStudios_OpenUSD/pxr/usd/usd/testenv/testUsdFileFormats/crate.usd";

@@ -26,6 +26,13 @@ public:
         }
         return false;
     }
+    /// Says where the recorded failure happened, e.g. which field of which
+    /// spec. Returns false like Fail().
+    bool AddContext(const std::string& where)
+    {
+        _message += " (" + where + ")";
+        return false;
+    }
     bool Failed() const { return !_message.empty(); }
     const std::string& GetMessage() const { return _message; }
 

@@ -14,7 +14,7 @@ constexpr char kMagic[8] = {'P', 'X', 'R', '-', 'U', 'S', 'D', 'C'};
 constexpr size_t kBootstrapSize = 88;
 constexpr size_t kSectionNameSize = 16;
 constexpr size_t kTocEntrySize = kSectionNameSize + 2 * sizeof(int64_t);
-constexpr uint32_t kNoParent = 0xFFFFFFFFu;
+constexpr uint32_t kNoParent = Sdf_CrateNoParent;
 
 // Bits of a path item header in the uncompressed path tree (before 0.4.0).
 constexpr uint8_t kPathHasChild = 1 << 0;

@@ -43,6 +43,9 @@ struct Sdf_CratePathStep {
     bool isProperty;
 };
 
+/// The parent index of the first path step (the absolute root).
+constexpr uint32_t Sdf_CrateNoParent = 0xFFFFFFFFu;
+
 struct Sdf_CrateSpec {
     uint32_t pathIndex;
     uint32_t fieldSetIndex;

@@ -1,0 +1,122 @@
+// Reading whole crate files into layer data, against a memcpy of the same
+// number of bytes: the ratio says how far decoding is from moving memory.
+//
+// Bytes processed counts the decoded array data (what a consumer of the layer
+// gets), so both benchmarks of a scene are comparable.
+
+#include "usdcore/sdf/crate/crateReader.h"
+#include "usdcore/sdf/data.h"
+#include "usdcore/tf/diagnostic.h"
+#include "usdcore/tf/mappedFile.h"
+#include "usdcore/sdf/types.h"
+#include "usdcore/vt/types.h"
+#include "usdcore/vt/value.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+PXR_NAMESPACE_USING_DIRECTIVE
+
+namespace {
+
+std::shared_ptr<const TfMappedFile> MapScene(benchmark::State& state, const char* name)
+{
+    const std::string path = std::string(TAVRIN_BENCH_DIR) + "/" + name;
+    std::string whyNot;
+    auto file = TfMappedFile::Open(path, &whyNot);
+    if (!file) {
+        state.SkipWithError(("cannot map " + path + ": " + whyNot).c_str());
+    }
+    return file;
+}
+
+size_t ArrayBytes(const VtValue& value)
+{
+#define CRATE_BENCH_ARRAY_BYTES(Type, Name)                                  \
+    if (value.IsHolding<VtArray<Type>>()) {                                 \
+        return value.UncheckedGet<VtArray<Type>>().size() * sizeof(Type);   \
+    }
+    VT_ARRAY_VALUE_TYPES(CRATE_BENCH_ARRAY_BYTES)
+#undef CRATE_BENCH_ARRAY_BYTES
+    if (value.IsHolding<SdfTimeSampleMap>()) {
+        size_t bytes = 0;
+        for (const auto& [time, sample] : value.UncheckedGet<SdfTimeSampleMap>()) {
+            bytes += sizeof(time) + ArrayBytes(sample);
+        }
+        return bytes;
+    }
+    return 0;
+}
+
+// Bytes of array data a layer holds (points, indices, normals, sampled
+// arrays...): what the reader had to decode. Scalars are negligible next to
+// them.
+size_t DecodedArrayBytes(const SdfData& data)
+{
+    struct Counter : SdfAbstractDataSpecVisitor {
+        size_t bytes = 0;
+        bool VisitSpec(const SdfAbstractData& layer, const SdfPath& path) override
+        {
+            for (const TfToken& field : layer.List(path)) {
+                bytes += ArrayBytes(layer.Get(path, field));
+            }
+            return true;
+        }
+        void Done(const SdfAbstractData&) override {}
+    } counter;
+    data.VisitSpecs(&counter);
+    return counter.bytes;
+}
+
+void ReadCrate(benchmark::State& state, const char* name)
+{
+    auto file = MapScene(state, name);
+    if (!file) {
+        return;
+    }
+    size_t decodedBytes = 0;
+    for (auto _ : state) {
+        SdfData data;
+        if (!SdfCrateReadData(file->GetBytes(), file->GetPath(), &data)) {
+            state.SkipWithError("read failed");
+            return;
+        }
+        state.PauseTiming();
+        if (decodedBytes == 0) {
+            decodedBytes = DecodedArrayBytes(data);
+        }
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(int64_t(state.iterations() * decodedBytes));
+}
+
+void CopyBaseline(benchmark::State& state, const char* name)
+{
+    auto file = MapScene(state, name);
+    if (!file) {
+        return;
+    }
+    SdfData data;
+    SdfCrateReadData(file->GetBytes(), file->GetPath(), &data);
+    const size_t bytes = DecodedArrayBytes(data);
+    std::vector<char> source(bytes, 1), target(bytes);
+    for (auto _ : state) {
+        std::memcpy(target.data(), source.data(), bytes);
+        benchmark::DoNotOptimize(target.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetBytesProcessed(int64_t(state.iterations() * bytes));
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(ReadCrate, grid_512, "grid_512.usdc")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(CopyBaseline, grid_512, "grid_512.usdc")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadCrate, many_prims_100000, "many_prims_100000.usdc")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(CopyBaseline, many_prims_100000, "many_prims_100000.usdc")
+    ->Unit(benchmark::kMillisecond);
