@@ -2,11 +2,14 @@
 
 #include "corpusFiles.h"
 
+#include "usdcore/gf/matrix4d.h"
+#include "usdcore/gf/vec3f.h"
 #include "usdcore/sdf/crate/crateReader.h"
 #include "usdcore/sdf/data.h"
 #include "usdcore/sdf/schema.h"
 #include "usdcore/sdf/types.h"
 #include "usdcore/tf/diagnostic.h"
+#include "usdcore/vt/array.h"
 
 #include <gtest/gtest.h>
 
@@ -78,10 +81,54 @@ TEST(CrateCorpus, OldestVersionGivesItsPrimsAndFields)
               TfToken("Scope"));
 }
 
+const char* const kSmallCrateFile = "lighttransport_tinyusdz/models/translated-cube.usdc";
+
+// Blender 3.1's default scene (crate 0.8.0): the default cube, moved, and
+// the default camera, whose location Blender users know by heart.
+TEST(CrateCorpus, BlenderDefaultSceneHasItsWellKnownValues)
+{
+    const std::string bytes = ReadCorpusFile(kSmallCrateFile);
+    if (bytes.empty()) {
+        GTEST_SKIP() << "corpus file absent: " << kSmallCrateFile;
+    }
+    SdfData data;
+    ASSERT_TRUE(SdfCrateReadData(bytes, kSmallCrateFile, &data));
+    const SdfPath root = SdfPath::AbsoluteRootPath();
+    EXPECT_EQ(data.Get(root, TfToken("upAxis")).Get<TfToken>(), TfToken("Z"));
+    EXPECT_EQ(data.Get(root, TfToken("metersPerUnit")).Get<double>(), 1.0);
+    EXPECT_EQ(data.Get(root, TfToken("documentation")).Get<std::string>(), "Blender v3.1.0");
+
+    const SdfPath mesh("/Cube/Cube");
+    EXPECT_EQ(data.Get(mesh, SdfFieldKeys->TypeName).Get<TfToken>(), TfToken("Mesh"));
+    const VtArray<GfVec3f> points =
+        data.Get(mesh.AppendProperty(TfToken("points")), SdfFieldKeys->Default)
+            .Get<VtArray<GfVec3f>>();
+    ASSERT_EQ(points.size(), 8u);
+    EXPECT_EQ(points[0], GfVec3f(1, 1, 1));
+    EXPECT_EQ(points[7], GfVec3f(-1, -1, -1));
+    EXPECT_EQ(data.Get(mesh.AppendProperty(TfToken("faceVertexCounts")), SdfFieldKeys->Default)
+                  .Get<VtArray<int>>(),
+              VtArray<int>(6, 4));
+    // 24 indices: stored as compressed integers. Blender's cube starts with
+    // the face 0 4 6 2 and ends with 5 4 0 1.
+    const VtArray<int> indices =
+        data.Get(mesh.AppendProperty(TfToken("faceVertexIndices")), SdfFieldKeys->Default)
+            .Get<VtArray<int>>();
+    ASSERT_EQ(indices.size(), 24u);
+    EXPECT_EQ((std::vector<int>(indices.begin(), indices.begin() + 4)),
+              (std::vector<int>{0, 4, 6, 2}));
+    EXPECT_EQ((std::vector<int>(indices.end() - 4, indices.end())), (std::vector<int>{5, 4, 0, 1}));
+
+    const GfMatrix4d camera =
+        data.Get(SdfPath("/Camera.xformOp:transform"), SdfFieldKeys->Default).Get<GfMatrix4d>();
+    EXPECT_NEAR(camera[3][0], 7.35889, 1e-5);
+    EXPECT_NEAR(camera[3][1], -6.92579, 1e-5);
+    EXPECT_NEAR(camera[3][2], 4.95831, 1e-5);
+}
+
 // ufbx's trick: every truncation of a valid file and every single-byte flip
 // must give a layer or a diagnostic, never a crash (the sanitizer build turns
 // any out-of-bounds access into a failure).
-const char* const kSmallCrateFile = "lighttransport_tinyusdz/models/translated-cube.usdc";
 
 TEST(CrateDamagedFiles, EveryTruncationFailsCleanly)
 {
