@@ -60,6 +60,7 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
                const std::vector<SdfPath>& paths, Sdf_CrateValueReader& values, SdfData* data,
                Sdf_CrateError* error)
 {
+    data->Reserve(structure.specs.size());
     for (const Sdf_CrateSpec& spec : structure.specs) {
         const SdfPath& path = paths[spec.pathIndex];
         if (path.IsEmpty()) {
@@ -79,7 +80,10 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
             if (value.IsEmpty()) {
                 continue;
             }
-            data->Set(path, name, name == SdfFieldKeys->Payload ? PayloadAsListOp(value) : value);
+            if (name == SdfFieldKeys->Payload) {
+                value = PayloadAsListOp(value);
+            }
+            data->Set(path, name, std::move(value));
         }
     }
     return true;
