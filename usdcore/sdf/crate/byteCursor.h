@@ -110,6 +110,10 @@ public:
         if (!_Need(count, elementSize)) {
             return false;
         }
+        // An empty destination may be null, which memcpy must not see.
+        if (count == 0) {
+            return true;
+        }
         std::memcpy(out, _bytes.data() + _position, size_t(count) * elementSize);
         _position += size_t(count) * elementSize;
         return true;
