@@ -126,6 +126,27 @@ TEST(CrateCorpus, BlenderDefaultSceneHasItsWellKnownValues)
     EXPECT_NEAR(camera[3][2], 4.95831, 1e-5);
 }
 
+// OpenUSD's tutorial top (crate 0.4.0, the first version with compressed
+// sections): the spinning top's geometry is authored as samples at frame 48.
+TEST(CrateCorpus, TimeSamplesOfVersion04HoldArrays)
+{
+    const char* const file = "PixarAnimationStudios_OpenUSD/extras/usd/tutorials/animatedTop/top.geom.usd";
+    const std::string bytes = ReadCorpusFile(file);
+    if (bytes.empty()) {
+        GTEST_SKIP() << "corpus file absent: " << file;
+    }
+    SdfData data;
+    ASSERT_TRUE(SdfCrateReadData(bytes, file, &data));
+    const VtValue samples =
+        data.Get(SdfPath("/Top/mesh_0.faceVertexCounts"), SdfFieldKeys->TimeSamples);
+    ASSERT_TRUE(samples.IsHolding<SdfTimeSampleMap>());
+    const SdfTimeSampleMap& map = samples.UncheckedGet<SdfTimeSampleMap>();
+    ASSERT_EQ(map.size(), 1u);
+    EXPECT_EQ(map.begin()->first, 48.0);
+    EXPECT_TRUE(map.begin()->second.IsHolding<VtArray<int>>());
+    EXPECT_FALSE(map.begin()->second.UncheckedGet<VtArray<int>>().empty());
+}
+
 // ufbx's trick: every truncation of a valid file and every single-byte flip
 // must give a layer or a diagnostic, never a crash (the sanitizer build turns
 // any out-of-bounds access into a failure).
