@@ -2,6 +2,7 @@
 
 #include "host/CTavrinSceneNode.h"
 #include "host/CTavrinTables.h"
+#include "host/CTavrinMorphing.h"
 
 namespace Tavrin {
 
@@ -44,11 +45,14 @@ public:
     const CTavrinGeometry* Geometry() const { return m_geometry; }
     CTavrinTextureCoordinatesTable* TextureCoordinatesTable() const { return m_textureCoordinates; }
     CTavrinMaterial* Material() const { return m_material; }
+    CTavrinMorphingTable* MorphingTable() { return &m_morphingTable; }
+    bool HasMorphingGeometry() const { return !m_morphingTable.ListAllMorphGeometries().empty(); }
 
 private:
     const CTavrinGeometry* m_geometry = nullptr;
     CTavrinTextureCoordinatesTable* m_textureCoordinates = nullptr;
     CTavrinMaterial* m_material = nullptr;
+    CTavrinMorphingTable m_morphingTable;
 };
 
 } // namespace Tavrin

@@ -24,11 +24,15 @@ public:
     void SetLocalMatrix(const CTavrinMatrix& matrix);
     CTavrinTransform* LocalTransform() const { return m_localTransform; }
     void SetLocalTransform(CTavrinTransform* transform) { m_localTransform = transform; }
+    bool IsHidden() const { return m_hidden; }
+    void Hide() { m_hidden = true; }
+    void UnHide() { m_hidden = false; }
 
 private:
     CTavrinSceneNode* m_parent = nullptr;
     std::vector<CTavrinSceneNode*> m_children;
     CTavrinTransform* m_localTransform = nullptr;
+    bool m_hidden = false;
 };
 
 class CTavrinTransformNode : public CTavrinSceneNode {

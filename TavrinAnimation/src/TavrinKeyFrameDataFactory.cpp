@@ -1,0 +1,24 @@
+#include "TavrinAnimation/src/TavrinKeyFrameData.h"
+
+#include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
+
+namespace Tavrin {
+
+CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
+    switch (type) {
+    case KEYFRAME_TRANSFORM:
+        return CTavrinKeyFrameDataTransform::Create(entity, CTavrinMatrix());
+    case KEYFRAME_CAMERA:
+        return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
+    case KEYFRAME_HIDE_SHOW:
+        return new CTavrinKeyFrameDataHideShow(entity, true);
+    case KEYFRAME_MORPH:
+        return new CTavrinKeyFrameDataMorph(entity, CTavrinID(), 0.0);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace Tavrin

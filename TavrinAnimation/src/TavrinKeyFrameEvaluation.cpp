@@ -1,0 +1,132 @@
+#include "TavrinAnimation/src/TavrinKeyFrameEvaluation.h"
+
+#include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
+#include "TavrinAnimation/src/TavrinTransformInterpolation.h"
+#include "host/CTavrinTransform.h"
+
+#include <optional>
+
+namespace Tavrin {
+
+namespace {
+
+double LinearByFrame(double valueA, double valueB, int frame, int frameA, int frameB) {
+    if (frameA == frameB)
+        return valueA;
+    return valueA + static_cast<double>(frame - frameA) / static_cast<double>(frameB - frameA) * (valueB - valueA);
+}
+
+// The matrix between two transform members, blended in the space the
+// entity's transform is uniformised in so that non-uniform parent scaling
+// does not skew the rotation. Nothing when the entity is no transform.
+std::optional<CTavrinMatrix> MatrixBetween(const CTavrinKeyFrameDataTransform& before,
+                                           const CTavrinKeyFrameDataTransform& after, const CTavrin3DVertex& pivot,
+                                           int frame) {
+    auto* transform = dynamic_cast<CTavrinTransform*>(before.EntityID().Entity());
+    if (!transform)
+        return std::nullopt;
+    const CTavrinMatrix uniformization = transform->UniformizationMatrix();
+    const CTavrinMatrix inverseUniformization = uniformization.Inverse();
+    CTavrin3DVertex uniformPivot = pivot;
+    uniformPivot.ModifyByTransform(inverseUniformization);
+    return InterpolateTransformMatrix(before.Matrix() * uniformization, after.Matrix() * uniformization,
+                                      uniformPivot, frame, before.WorkingFrame(), after.WorkingFrame(),
+                                      before.EaseOutMode(), after.EaseInMode()) *
+           inverseUniformization;
+}
+
+// The pivot of the key frame numbered later.
+CTavrin3DVertex PivotBetween(const CTavrinKeyFrameDataTransform& before, const CTavrinKeyFrameDataTransform& after) {
+    return before.SerialNumber() > after.SerialNumber() ? before.Pivot() : after.Pivot();
+}
+
+CTavrinKeyFrameDataPtr BetweenTransforms(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData,
+                                         int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataTransform*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataTransform*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const CTavrin3DVertex pivot = PivotBetween(*before, *after);
+    const std::optional<CTavrinMatrix> matrix = MatrixBetween(*before, *after, pivot, frame);
+    if (!matrix)
+        return nullptr;
+    auto* between = CTavrinKeyFrameDataTransform::Create(before->EntityID(), *matrix);
+    between->SetPivot(pivot);
+    return between;
+}
+
+CTavrin3DVertex LerpPoint(const CTavrin3DVertex& from, const CTavrin3DVertex& to, double t) {
+    return from + (to - from) * t;
+}
+
+// Lens values blend linearly; whole cameras blend by position, target and up
+// when both key frames ask for it, else by the transform matrices.
+CTavrinKeyFrameDataPtr BetweenCameras(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataTransformCamera*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataTransformCamera*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const int frameA = before->WorkingFrame();
+    const int frameB = after->WorkingFrame();
+    const auto lens = [&](double valueA, double valueB) { return LinearByFrame(valueA, valueB, frame, frameA, frameB); };
+    const double fieldOfView = lens(before->FieldOfView(), after->FieldOfView());
+    const double depthOfField = lens(before->DepthOfFieldDistance(), after->DepthOfFieldDistance());
+    const double fieldStop = lens(before->DepthOfFieldFieldStop(), after->DepthOfFieldFieldStop());
+
+    CTavrinKeyFrameDataTransformCamera* between = nullptr;
+    if (before->BlendsCameras() && after->BlendsCameras()) {
+        const CTavrinBasicCamera cameraA = before->BasicCamera();
+        const CTavrinBasicCamera cameraB = after->BasicCamera();
+        const double t = LinearByFrame(0.0, 1.0, frame, frameA, frameB);
+        const CTavrinBasicCamera camera(LerpPoint(cameraA.Position(), cameraB.Position(), t),
+                                        LerpPoint(cameraA.LookAt(), cameraB.LookAt(), t),
+                                        LerpPoint(cameraA.CamUp(), cameraB.CamUp(), t));
+        between = new CTavrinKeyFrameDataTransformCamera(before->EntityID(), camera);
+        between->SetBlendsCameras(true);
+    } else {
+        const CTavrin3DVertex pivot = PivotBetween(*before, *after);
+        const std::optional<CTavrinMatrix> matrix = MatrixBetween(*before, *after, pivot, frame);
+        if (!matrix)
+            return nullptr;
+        between = new CTavrinKeyFrameDataTransformCamera(before->EntityID(), before->BasicCamera());
+        between->SetMatrix(*matrix);
+        between->SetPivot(pivot);
+    }
+    between->SetFieldOfView(fieldOfView);
+    between->SetDepthOfField(before->DepthOfFieldEnabled(), depthOfField, fieldStop);
+    return between;
+}
+
+CTavrinKeyFrameDataPtr BetweenMorphs(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataMorph*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataMorph*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const double weight =
+        LinearByFrame(before->Weight(), after->Weight(), frame, before->WorkingFrame(), after->WorkingFrame());
+    return CTavrinKeyFrameDataPtr(
+        new CTavrinKeyFrameDataMorph(before->EntityID(), before->MorphedObjectID(), weight));
+}
+
+} // namespace
+
+CTavrinKeyFrameDataPtr InterpolateKeyFrameData(CTavrinKeyFrameData& before, CTavrinKeyFrameData& after, int frame) {
+    switch (before.Type()) {
+    case KEYFRAME_TRANSFORM:
+    case KEYFRAME_ROUND_TABLE:
+    case KEYFRAME_BSPLINE_FOLLOWER:
+        return BetweenTransforms(before, after, frame);
+    case KEYFRAME_CAMERA:
+        return BetweenCameras(before, after, frame);
+    case KEYFRAME_HIDE_SHOW:
+        before.SetWorkingFrame(frame);
+        return CTavrinKeyFrameDataPtr(before.CreateCopy(false));
+    case KEYFRAME_MORPH:
+        return BetweenMorphs(before, after, frame);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace Tavrin

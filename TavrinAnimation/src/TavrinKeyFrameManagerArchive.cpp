@@ -1,0 +1,204 @@
+// The key frame manager's archive record. Serial numbers are written dense
+// per entity (1, 2, 3, ...) and restored in memory afterwards, so a document
+// saved twice gives the same file whatever was added and removed meanwhile.
+
+#include "TavrinAnimation/src/TavrinKeyFrameManager.h"
+
+#include "host/CTavrinArchive.h"
+
+namespace Tavrin {
+
+namespace {
+
+// Archive versions at which the manager's record changed.
+constexpr unsigned int kSavableFlagVersion = 10003;   // entries may be skipped as not savable
+constexpr unsigned int kSerialCountersVersion = 10006;
+constexpr unsigned int kBaseRecordVersion = 10059;    // the named-object record leads
+
+template <typename Value>
+unsigned int CountNonDefaultKeys(const std::map<CTavrinID, Value>& map) {
+    unsigned int count = 0;
+    for (const auto& entry : map)
+        count += entry.first.IsDefault() ? 0 : 1;
+    return count;
+}
+
+bool WriteID(CTavrinArchiveBase& archive, CTavrinID id) {
+    return archive.ReadWrite(id);
+}
+
+} // namespace
+
+bool CTavrinKeyFrameManager::ArchiveReadWrite(CTavrinArchiveBase& archive) {
+    if (!archive.IsReaderArchive()) {
+        RenumberSerialNumbers();
+        const bool written = WriteRecord(archive);
+        RestoreSerialNumbers();
+        return written;
+    }
+    CTavrinID::SetReadingTavFile(true);
+    const bool read = ReadRecord(archive);
+    CTavrinID::SetReadingTavFile(false);
+    return read;
+}
+
+void CTavrinKeyFrameManager::RenumberSerialNumbers() {
+    for (auto& [entity, track] : m_tracks) {
+        std::map<int, int> denseNumbers;
+        for (auto& entry : track) {
+            if (entry.second->IsSavable())
+                denseNumbers.emplace(entry.second->SerialNumber(), 0);
+        }
+        int next = 0;
+        for (auto& numbers : denseNumbers)
+            numbers.second = ++next;
+        for (auto& entry : track) {
+            CTavrinKeyFrameData* data = entry.second.get();
+            if (!data->IsSavable())
+                continue;
+            m_savedSerialNumbers[data] = data->SerialNumber();
+            data->SetSerialNumber(denseNumbers[data->SerialNumber()]);
+        }
+        int& counter = m_serialCounters[entity];
+        m_savedCounters[entity] = counter;
+        counter = next;
+    }
+}
+
+void CTavrinKeyFrameManager::RestoreSerialNumbers() {
+    for (const auto& [data, serial] : m_savedSerialNumbers)
+        data->SetSerialNumber(serial);
+    for (const auto& [entity, counter] : m_savedCounters)
+        m_serialCounters[entity] = counter;
+    m_savedSerialNumbers.clear();
+    m_savedCounters.clear();
+}
+
+bool CTavrinKeyFrameManager::WriteRecord(CTavrinArchiveBase& archive) {
+    const unsigned int version = archive.Version();
+    if (version >= kBaseRecordVersion && !CTavrinArchivable::ArchiveReadWrite(archive))
+        return false;
+
+    unsigned int count = CountNonDefaultKeys(m_tracks);
+    if (!archive.ReadWrite(count))
+        return false;
+    for (auto& [entity, track] : m_tracks) {
+        if (!entity.IsDefault() && (!WriteID(archive, entity) || !WriteTrack(archive, track)))
+            return false;
+    }
+
+    count = CountNonDefaultKeys(m_entityRedirects);
+    if (!archive.ReadWrite(count))
+        return false;
+    for (const auto& [from, to] : m_entityRedirects) {
+        if (!from.IsDefault() && (!WriteID(archive, from) || !WriteID(archive, to)))
+            return false;
+    }
+
+    if (!archive.ReadWrite(m_reservedFrameValue) || !archive.ReadWrite(m_rangeStart) ||
+        !archive.ReadWrite(m_rangeEnd))
+        return false;
+
+    if (version < kSerialCountersVersion)
+        return true;
+    count = CountNonDefaultKeys(m_serialCounters);
+    if (!archive.ReadWrite(count))
+        return false;
+    for (const auto& [entity, counter] : m_serialCounters) {
+        unsigned int value = static_cast<unsigned int>(counter);
+        if (!entity.IsDefault() && (!WriteID(archive, entity) || !archive.ReadWrite(value)))
+            return false;
+    }
+    return true;
+}
+
+bool CTavrinKeyFrameManager::WriteTrack(CTavrinArchiveBase& archive, Track& track) {
+    unsigned int count = static_cast<unsigned int>(track.size());
+    if (!archive.ReadWrite(count))
+        return false;
+    for (auto& [start, data] : track) {
+        if (archive.Version() >= kSavableFlagVersion) {
+            bool savable = data->IsSavable();
+            if (!archive.ReadWrite(savable))
+                return false;
+            if (!savable)
+                continue;
+        }
+        unsigned int key = static_cast<unsigned int>(start);
+        unsigned int type = static_cast<unsigned int>(data->Type());
+        if (!archive.ReadWrite(key) || !archive.ReadWrite(type) || !archive.ReadWrite(*data))
+            return false;
+    }
+    return true;
+}
+
+bool CTavrinKeyFrameManager::ReadRecord(CTavrinArchiveBase& archive) {
+    const unsigned int version = archive.Version();
+    if (version >= kBaseRecordVersion && !CTavrinArchivable::ArchiveReadWrite(archive))
+        return false;
+
+    m_animatedEntities.clear();
+    unsigned int count = 0;
+    if (!archive.ReadWrite(count))
+        return false;
+    for (unsigned int i = 0; i < count; ++i) {
+        CTavrinID entity;
+        Track track;
+        if (!archive.ReadWrite(entity) || !ReadTrack(archive, entity, track))
+            return false;
+        if (track.empty())
+            continue;
+        m_tracks[entity] = std::move(track);
+        m_animatedEntities.insert(entity);
+    }
+
+    if (!archive.ReadWrite(count))
+        return false;
+    for (unsigned int i = 0; i < count; ++i) {
+        CTavrinID from, to;
+        if (!archive.ReadWrite(from) || !archive.ReadWrite(to))
+            return false;
+        m_entityRedirects[from] = to;
+    }
+
+    if (!archive.ReadWrite(m_reservedFrameValue) || !archive.ReadWrite(m_rangeStart) ||
+        !archive.ReadWrite(m_rangeEnd))
+        return false;
+
+    if (version < kSerialCountersVersion)
+        return true;
+    if (!archive.ReadWrite(count))
+        return false;
+    for (unsigned int i = 0; i < count; ++i) {
+        CTavrinID entity;
+        unsigned int counter = 0;
+        if (!archive.ReadWrite(entity) || !archive.ReadWrite(counter))
+            return false;
+        m_serialCounters[entity] = static_cast<int>(counter);
+    }
+    return true;
+}
+
+bool CTavrinKeyFrameManager::ReadTrack(CTavrinArchiveBase& archive, const CTavrinID& entity, Track& track) {
+    unsigned int count = 0;
+    if (!archive.ReadWrite(count))
+        return false;
+    for (unsigned int i = 0; i < count; ++i) {
+        bool savable = true;
+        if (archive.Version() >= kSavableFlagVersion && !archive.ReadWrite(savable))
+            return false;
+        if (!savable)
+            continue;
+        unsigned int key = 0;
+        unsigned int type = 0;
+        if (!archive.ReadWrite(key) || !archive.ReadWrite(type))
+            return false;
+        CTavrinKeyFrameDataPtr data(CreateKeyFrameData(entity, static_cast<int>(type)));
+        if (!data || !archive.ReadWrite(*data))
+            return false;
+        track[static_cast<int>(key)] = data;
+    }
+    return true;
+}
+
+} // namespace Tavrin

@@ -1,0 +1,141 @@
+#include "TavrinAnimation/src/TavrinSequenceContainer.h"
+
+#include "TavrinAnimation/src/TavrinProcessWideInstance.h"
+#include "host/CTavrinArchive.h"
+
+namespace Tavrin {
+
+namespace {
+// Captions new groups Group 1, Group 2, ...; never reset in a process.
+int s_groupCounter = 0;
+CTavrinAnimationCollapsingGroup* s_currentGroup = nullptr;
+} // namespace
+
+CTavrinSequenceContainer::CTavrinSequenceContainer()
+    : m_defaultGroup(std::make_unique<CTavrinAnimationCollapsingGroup>(CTavrinUUID(), CTavrinString("Default"), -1)) {
+    s_currentGroup = m_defaultGroup.get();
+}
+
+CTavrinSequenceContainer::~CTavrinSequenceContainer() {
+    // The current group must not outlive the container that owns it.
+    if (s_currentGroup == m_defaultGroup.get() || (s_currentGroup && FindGroup(s_currentGroup->Guid()) == s_currentGroup))
+        s_currentGroup = nullptr;
+}
+
+CTavrinSequenceContainer* CTavrinSequenceContainer::GetInstance() {
+    return CTavrinProcessWideInstance<CTavrinSequenceContainer>::Get();
+}
+
+void CTavrinSequenceContainer::SetInstance(CTavrinSequenceContainer* instance) {
+    CTavrinProcessWideInstance<CTavrinSequenceContainer>::Set(instance);
+}
+
+CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::CurrentGroup() {
+    return s_currentGroup;
+}
+
+void CTavrinSequenceContainer::SetCurrentGroup(CTavrinAnimationCollapsingGroup* group) {
+    s_currentGroup = group;
+}
+
+void CTavrinSequenceContainer::AddSequence(CTavrinSequence* sequence) {
+    if (!sequence)
+        return;
+    m_sequences.try_emplace(sequence->Guid(), sequence);
+    if (!m_accumulate)
+        m_recentlyAdded.clear();
+    m_recentlyAdded.push_back(sequence);
+}
+
+CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::CreateGroup() {
+    CTavrinUUID uuid;
+    // A generated UUID that is already a key would leave the new group
+    // without an owner; draw again rather than lose it.
+    do {
+        uuid.Generate();
+    } while (m_groups.count(uuid));
+    auto group = std::make_unique<CTavrinAnimationCollapsingGroup>(
+        uuid, CTavrinString("Group ") + CTavrinString(++s_groupCounter), static_cast<int>(m_groups.size()));
+    CTavrinAnimationCollapsingGroup* created = group.get();
+    m_groups.emplace(uuid, std::move(group));
+    return created;
+}
+
+CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::FindGroup(const CTavrinUUID& uuid) const {
+    const auto group = m_groups.find(uuid);
+    if (group != m_groups.end())
+        return group->second.get();
+    return uuid == m_defaultGroup->Guid() ? m_defaultGroup.get() : nullptr;
+}
+
+CTavrinSequence* CTavrinSequenceContainer::FindSequence(const CTavrinUUID& uuid) const {
+    const auto sequence = m_sequences.find(uuid);
+    return sequence == m_sequences.end() ? nullptr : sequence->second.get();
+}
+
+bool CTavrinSequenceContainer::WriteIntoArchive(CTavrinArchiveBase& archive) {
+    int count = 0;
+    for (const auto& entry : m_sequences)
+        count += entry.second->IsNotSaved() ? 0 : 1;
+    if (!archive.ReadWrite(count))
+        return false;
+    for (auto& entry : m_sequences) {
+        if (!entry.second->IsNotSaved() && !entry.second->ArchiveReadWrite(archive))
+            return false;
+    }
+    if (archive.Version() < SequenceGroupsVersion)
+        return true;
+
+    unsigned int groupCount = 0;
+    for (const auto& entry : m_groups)
+        groupCount += entry.second->IsNotSaved() ? 0 : 1;
+    if (!archive.ReadWrite(groupCount))
+        return false;
+    for (auto& entry : m_groups) {
+        if (!entry.second->IsNotSaved() && !entry.second->WriteRecord(archive, *this))
+            return false;
+    }
+    if (!m_defaultGroup->WriteRecord(archive, *this))
+        return false;
+    CTavrinUUID current = s_currentGroup ? s_currentGroup->Guid() : m_defaultGroup->Guid();
+    return archive.ReadWrite(current);
+}
+
+bool CTavrinSequenceContainer::ReadFromArchive(CTavrinArchiveBase& archive) {
+    CTavrinID::SetReadingTavFile(true);
+    m_defaultGroupSequences.clear();
+    m_defaultCaption = m_defaultGroup->Caption();
+
+    bool read = true;
+    int count = 0;
+    read = archive.ReadWrite(count);
+    for (int i = 0; read && i < count; ++i) {
+        CTavrinSequencePtr sequence(CTavrinSequence::ReadSequence(archive));
+        read = sequence != nullptr;
+        if (!read)
+            break;
+        m_sequences[sequence->Guid()] = sequence;
+        if (!sequence->GroupGuid().IsValid())
+            m_defaultGroupSequences.push_back(sequence);
+    }
+    if (read && archive.Version() >= SequenceGroupsVersion) {
+        unsigned int groupCount = 0;
+        read = archive.ReadWrite(groupCount);
+        for (unsigned int i = 0; read && i < groupCount; ++i) {
+            auto group = std::make_unique<CTavrinAnimationCollapsingGroup>();
+            read = group->ReadRecord(archive);
+            if (read) {
+                const CTavrinUUID uuid = group->Guid();
+                m_groups[uuid] = std::move(group);
+            }
+        }
+        CTavrinUUID current;
+        read = read && m_defaultGroup->ReadRecord(archive) && archive.ReadWrite(current);
+        if (read)
+            s_currentGroup = FindGroup(current);
+    }
+    CTavrinID::SetReadingTavFile(false);
+    return read;
+}
+
+} // namespace Tavrin

@@ -1,0 +1,65 @@
+#include "TavrinAnimation/src/TavrinSequenceJson.h"
+
+#include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
+
+#include <map>
+
+namespace Tavrin {
+
+namespace {
+
+nlohmann::ordered_json MatrixToJson(const CTavrinMatrix& matrix) {
+    nlohmann::ordered_json values = nlohmann::ordered_json::array();
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 4; ++column)
+            values.push_back(matrix.M(row, column));
+    }
+    return values;
+}
+
+nlohmann::ordered_json KeyFramesToJson(const CTavrinKeyFrameManager::Track& track) {
+    nlohmann::ordered_json keyFrames = nlohmann::ordered_json::array();
+    for (const auto& [start, data] : track) {
+        auto* transform = dynamic_cast<CTavrinKeyFrameDataTransform*>(data.get());
+        if (!transform || transform->Type() != KEYFRAME_TRANSFORM)
+            continue;
+        nlohmann::ordered_json keyFrame;
+        keyFrame["start"] = transform->StartFrame();
+        keyFrame["end"] = transform->EndFrame();
+        keyFrame["serial"] = transform->SerialNumber();
+        keyFrame["matrix"] = MatrixToJson(transform->Matrix());
+        keyFrames.push_back(std::move(keyFrame));
+    }
+    return keyFrames;
+}
+
+} // namespace
+
+nlohmann::ordered_json SequenceToJson(const CTavrinSequence& sequence, const NodeIdOfTransform& nodeIdOf) {
+    nlohmann::ordered_json json;
+    json["name"] = sequence.Name().toStdString();
+    const CTavrinAnimationCollapsingGroup* group = sequence.Group();
+    json["groupCaption"] = group ? nlohmann::ordered_json(group->Caption().toStdString()) : nlohmann::ordered_json();
+
+    std::map<int, nlohmann::ordered_json> tracksByNode;
+    for (const auto& [entity, track] : sequence.Tracks()) {
+        const std::optional<int> node = nodeIdOf(entity);
+        if (!node)
+            continue;
+        nlohmann::ordered_json keyFrames = KeyFramesToJson(track);
+        if (keyFrames.empty())
+            continue;
+        nlohmann::ordered_json entry;
+        entry["node"] = *node;
+        entry["keyframes"] = std::move(keyFrames);
+        tracksByNode[*node] = std::move(entry);
+    }
+    nlohmann::ordered_json tracks = nlohmann::ordered_json::array();
+    for (auto& [node, entry] : tracksByNode)
+        tracks.push_back(std::move(entry));
+    json["tracks"] = std::move(tracks);
+    return json;
+}
+
+} // namespace Tavrin
