@@ -36,7 +36,7 @@ enum : uint8_t {
     kToken = 11, kAssetPath = 12, kMatrix2d = 13, kMatrix4d = 15, kQuatf = 17, kVec3h = 25,
     kDictionary = 31, kTokenListOp = 32, kTokenVector = 41, kSpecifier = 42, kVariability = 44,
     kVariantSelectionMap = 45, kTimeSamples = 46, kPayload = 47, kDoubleVector = 48,
-    kValue = 52, kTimeCode = 56,
+    kValue = 52, kTimeCode = 56, kRelocates = 58,
 };
 
 struct Layer {
@@ -201,6 +201,20 @@ TEST(CrateStoredValues, VectorsMapsAndTimeCodes)
               (std::vector<TfToken>{TfToken("x"), TfToken("y")}));
     EXPECT_EQ(layer.Field("variantSelection").Get<SdfVariantSelectionMap>().at("shading"), "red");
     EXPECT_EQ(double(layer.Field("time").Get<SdfTimeCode>()), 24.0);
+}
+
+TEST(CrateStoredValues, RelocatesPairSourceAndTargetPaths)
+{
+    B b(11);
+    // The builder's only path is the root, index 0: one relocate </> -> </>.
+    const uint64_t at = b.Append(B::Raw(uint64_t(1)) + B::Raw(uint32_t(0)) + B::Raw(uint32_t(0)));
+    b.AddField("layerRelocates", B::Rep(kRelocates, at));
+    const Layer layer = Read(b);
+    ASSERT_TRUE(layer.ok) << layer.diagnostics;
+    const SdfRelocates relocates = layer.Field("layerRelocates").Get<SdfRelocates>();
+    ASSERT_EQ(relocates.size(), 1u);
+    EXPECT_EQ(relocates[0].first, SdfPath::AbsoluteRootPath());
+    EXPECT_EQ(relocates[0].second, SdfPath::AbsoluteRootPath());
 }
 
 TEST(CrateStoredValues, SinglePayloadOfOldFilesBecomesAnExplicitListOp)

@@ -113,7 +113,8 @@ constexpr size_t StoredSize()
         return 2 * sizeof(double);
     } else if constexpr (std::is_same<T, SdfReference>::value) {
         return 2 * sizeof(uint32_t) + 2 * sizeof(double) + sizeof(uint64_t);
-    } else if constexpr (std::is_same<T, SdfPayload>::value) {
+    } else if constexpr (std::is_same<T, SdfPayload>::value ||
+                         std::is_same<T, SdfRelocate>::value) {
         return 2 * sizeof(uint32_t);
     } else if constexpr (std::is_same<T, SdfUnregisteredValue>::value) {
         return 2 * sizeof(uint64_t);
@@ -361,6 +362,9 @@ public:
             }
             *out = SdfPayload(assetPath, primPath, layerOffset);
             return true;
+        } else if constexpr (std::is_same<T, SdfRelocate>::value) {
+            // Source path, then target path.
+            return Read(r, cursor, &out->first) && Read(r, cursor, &out->second);
         } else if constexpr (std::is_same<T, VtValue>::value) {
             return r.ReadNestedValue(cursor, out);
         } else if constexpr (std::is_same<T, VtDictionary>::value) {

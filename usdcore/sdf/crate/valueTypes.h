@@ -74,13 +74,13 @@
     X(UnregisteredValue, 53, SdfUnregisteredValue, false, Never)                          \
     X(UnregisteredValueListOp, 54, SdfUnregisteredValueListOp, false, Never)              \
     X(PayloadListOp, 55, SdfPayloadListOp, false, Never)                                  \
-    X(TimeCode, 56, SdfTimeCode, true, Never)
+    X(TimeCode, 56, SdfTimeCode, true, Never)                                             \
+    X(Relocates, 58, SdfRelocates, false, Never)
 
 // Types later crate versions added that this reader does not decode: fields
 // holding them are skipped with a warning. X(Name, number)
 #define SDF_CRATE_SKIPPED_VALUE_TYPES(X)                                                  \
     X(PathExpression, 57)                                                                 \
-    X(Relocates, 58)                                                                      \
     X(Spline, 59)                                                                         \
     X(AnimationBlock, 60)
 
