@@ -20,7 +20,7 @@
 #include "usdcore/gf/vec4h.h"
 #include "usdcore/gf/vec4i.h"
 #include "usdcore/sdf/assetPath.h"
-#include "usdcore/sdf/crate/integerCoding.h"
+#include "usdcore/sdf/crate/compressedArrays.h"
 #include "usdcore/sdf/layerOffset.h"
 #include "usdcore/sdf/listOp.h"
 #include "usdcore/sdf/payload.h"
@@ -126,31 +126,6 @@ constexpr size_t StoredSize()
 
 static_assert(sizeof(GfHalf) == 2 && sizeof(GfVec3f) == 12 && sizeof(GfMatrix4d) == 128,
               "Gf types must be laid out as the crate stores them");
-
-// Arrays of these may be stored as compressed integers (0.5.0 on).
-template <class T>
-constexpr bool IsCompressibleInteger =
-    std::is_same<T, int>::value || std::is_same<T, unsigned int>::value ||
-    std::is_same<T, int64_t>::value || std::is_same<T, uint64_t>::value;
-
-// Arrays of these may be stored as integers or a lookup table (0.6.0 on).
-template <class T>
-constexpr bool IsCompressibleFloat = std::is_same<T, GfHalf>::value ||
-                                     std::is_same<T, float>::value ||
-                                     std::is_same<T, double>::value;
-
-template <class T>
-T FromInteger(int32_t value)
-{
-    if constexpr (std::is_same<T, GfHalf>::value) {
-        return GfHalf(float(value));
-    } else {
-        return T(value);
-    }
-}
-
-// Arrays shorter than this are never compressed.
-constexpr uint64_t kMinCompressedArraySize = 16;
 
 } // namespace
 
@@ -555,16 +530,16 @@ public:
         } else if (!cursor.Read(&count)) {
             return false;
         }
-        if constexpr (IsCompressibleInteger<T>) {
+        if constexpr (Sdf_CrateIsCompressibleInteger<T>) {
             if (rep.IsCompressed() && version >= Sdf_CrateVersion(0, 5, 0) &&
-                count >= kMinCompressedArraySize) {
-                return ReadCompressedIntegerArray(cursor, count, out);
+                count >= Sdf_CrateMinCompressedArraySize) {
+                return Sdf_CrateReadCompressedIntegerArray(cursor, count, out);
             }
         }
-        if constexpr (IsCompressibleFloat<T>) {
+        if constexpr (Sdf_CrateIsCompressibleFloat<T>) {
             if (rep.IsCompressed() && version >= Sdf_CrateVersion(0, 6, 0) &&
-                count >= kMinCompressedArraySize) {
-                return ReadCompressedFloatArray(cursor, count, out);
+                count >= Sdf_CrateMinCompressedArraySize) {
+                return Sdf_CrateReadCompressedFloatArray(cursor, count, out);
             }
         }
         return ReadRawArray(r, cursor, count, out);
@@ -595,76 +570,6 @@ public:
         }
     }
 
-    template <class T>
-    static bool ReadCompressedIntegerArray(Cursor& cursor, uint64_t count, VtArray<T>* out)
-    {
-        Sdf_CrateCompressedIntegers located;
-        if (!Sdf_CrateLocateCompressedIntegers(cursor, count, sizeof(T), &located)) {
-            return false;
-        }
-        bool ok = false;
-        out->resize(size_t(count), [&](T* first, T*) {
-            ok = Sdf_CrateDecompressIntegers(located, first, cursor.GetError());
-        });
-        return ok;
-    }
-
-    // 'i': the values are integers, stored as compressed int32s; 't': a
-    // lookup table of distinct values and compressed indices into it.
-    template <class T>
-    static bool ReadCompressedFloatArray(Cursor& cursor, uint64_t count, VtArray<T>* out)
-    {
-        Sdf_CrateError* error = cursor.GetError();
-        char code = 0;
-        if (!cursor.Read(&code)) {
-            return false;
-        }
-        if (code == 'i') {
-            Sdf_CrateCompressedIntegers located;
-            if (!Sdf_CrateLocateCompressedIntegers(cursor, count, sizeof(int32_t), &located)) {
-                return false;
-            }
-            std::unique_ptr<int32_t[]> integers(new int32_t[size_t(count)]);
-            if (!Sdf_CrateDecompressIntegers(located, integers.get(), error)) {
-                return false;
-            }
-            out->resize(size_t(count), [&](T* first, T*) {
-                for (size_t i = 0; i != count; ++i) {
-                    ::new (static_cast<void*>(first + i)) T(FromInteger<T>(integers[i]));
-                }
-            });
-            return true;
-        }
-        if (code != 't') {
-            return error->Fail("unknown compressed array code " + std::to_string(int(code)));
-        }
-        uint32_t tableSize = 0;
-        if (!cursor.Read(&tableSize) || !cursor.CheckCount(tableSize, sizeof(T))) {
-            return false;
-        }
-        std::unique_ptr<T[]> table(new T[tableSize]);
-        cursor.ReadArray(tableSize, sizeof(T), table.get());
-        Sdf_CrateCompressedIntegers located;
-        if (!Sdf_CrateLocateCompressedIntegers(cursor, count, sizeof(uint32_t), &located)) {
-            return false;
-        }
-        std::unique_ptr<uint32_t[]> indices(new uint32_t[size_t(count)]);
-        if (!Sdf_CrateDecompressIntegers(located, indices.get(), error)) {
-            return false;
-        }
-        for (size_t i = 0; i != count; ++i) {
-            if (indices[i] >= tableSize) {
-                return error->Fail("lookup table index " + std::to_string(indices[i]) + " of " +
-                                   std::to_string(tableSize));
-            }
-        }
-        out->resize(size_t(count), [&](T* first, T*) {
-            for (size_t i = 0; i != count; ++i) {
-                ::new (static_cast<void*>(first + i)) T(table[indices[i]]);
-            }
-        });
-        return true;
-    }
 };
 
 Sdf_CrateValueReader::Sdf_CrateValueReader(std::string_view file, const std::string& identifier,
