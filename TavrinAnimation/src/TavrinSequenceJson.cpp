@@ -2,6 +2,8 @@
 
 #include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
+#include "host/CTavrinNodeQueries.h"
+#include "host/CTavrinTransform.h"
 
 #include <map>
 
@@ -60,6 +62,22 @@ nlohmann::ordered_json SequenceToJson(const CTavrinSequence& sequence, const Nod
         tracks.push_back(std::move(entry));
     json["tracks"] = std::move(tracks);
     return json;
+}
+
+CTavrinSequenceJsonWriter SequenceJsonWriter(const CTavrinSequence* sequence) {
+    return [sequence](const CTavrinNodeIdLookup& nodeId) -> CTavrinJson {
+        if (!sequence)
+            return nullptr;
+        return SequenceToJson(*sequence, [&nodeId](const CTavrinID& entity) -> std::optional<int> {
+            const auto* transform = dynamic_cast<const CTavrinTransform*>(entity.Entity());
+            for (const CTavrinSceneNode* node : ListSceneNodesReferencingThisTransform(transform)) {
+                const int id = nodeId(node);
+                if (id >= 0)
+                    return id;
+            }
+            return std::nullopt;
+        });
+    };
 }
 
 } // namespace Tavrin

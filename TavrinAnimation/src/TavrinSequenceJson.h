@@ -2,6 +2,7 @@
 // The "sequence" part of the JSON form of an imported document.
 
 #include "TavrinAnimation/src/TavrinSequence.h"
+#include "host/CTavrinDocumentJson.h"
 
 #include <nlohmann/json.hpp>
 
@@ -19,5 +20,10 @@ using NodeIdOfTransform = std::function<std::optional<int>(const CTavrinID& tran
 // of entities that are no written node's transform, and key frames of other
 // kinds, are left out.
 nlohmann::ordered_json SequenceToJson(const CTavrinSequence& sequence, const NodeIdOfTransform& nodeIdOf);
+
+// The "sequence" writer for the document's JSON form: a track belongs to the
+// written node whose local transform it animates. Without a sequence it
+// writes null.
+CTavrinSequenceJsonWriter SequenceJsonWriter(const CTavrinSequence* sequence);
 
 } // namespace Tavrin

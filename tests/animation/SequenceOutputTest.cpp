@@ -134,3 +134,20 @@ TEST_F(SequenceOutput, InsertMessageCarriesKeysRootsAndOptions) {
     EXPECT_EQ(*message.NamedValue<double>(CTavrinString("numberOfTimesToRepeat")), 2.0);
     EXPECT_TRUE(*message.NamedValue<bool>(CTavrinString("blendSequences")));
 }
+
+TEST_F(SequenceOutput, DocumentJsonNamesTheNodeWhoseTransformIsAnimated) {
+    CTavrinTransformNode* world = CTavrinTransformNode::Create(entities.Document());
+    CTavrinTransformNode* arm = CTavrinTransformNode::Create(entities.Document());
+    arm->SetParent(world);
+    world->SetLocalMatrix(CTavrinMatrix());
+    arm->SetLocalMatrix(Translation(0, 1, 0));
+    AddKey(arm->LocalTransform()->ID(), 3, Translation(0, 2, 0));
+
+    const CTavrinJson json = DocumentToJson(*entities.Document(), SequenceJsonWriter(sequence));
+    ASSERT_EQ(json["sequence"]["tracks"].size(), 1u);
+    EXPECT_EQ(json["sequence"]["tracks"][0]["node"], 1); // world is node 0
+    EXPECT_EQ(json["sequence"]["tracks"][0]["keyframes"][0]["matrix"][7], 2.0);
+    EXPECT_EQ(json["sequence"]["name"], "robot_Animation");
+
+    EXPECT_TRUE(DocumentToJson(*entities.Document(), SequenceJsonWriter(nullptr))["sequence"].is_null());
+}
