@@ -61,6 +61,7 @@ private:
     bool WriteTrack(CTavrinArchiveBase& archive, Track& track);
     bool ReadTrack(CTavrinArchiveBase& archive, const CTavrinID& entity, Track& track);
     void RenumberSerialNumbers();
+    void ExpandLegacyMorphWeights();
     void RestoreSerialNumbers();
 
     std::map<CTavrinID, Track> m_tracks;

@@ -4,7 +4,12 @@
 
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 
+#include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "host/CTavrinArchive.h"
+#include "host/CTavrinGeometry.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace Tavrin {
 
@@ -14,6 +19,7 @@ namespace {
 constexpr unsigned int kSavableFlagVersion = 10003;   // entries may be skipped as not savable
 constexpr unsigned int kSerialCountersVersion = 10006;
 constexpr unsigned int kBaseRecordVersion = 10059;    // the named-object record leads
+constexpr unsigned int kPerTargetMorphVersion = 13014; // one morph key frame per target
 
 template <typename Value>
 unsigned int CountNonDefaultKeys(const std::map<CTavrinID, Value>& map) {
@@ -39,7 +45,48 @@ bool CTavrinKeyFrameManager::ArchiveReadWrite(CTavrinArchiveBase& archive) {
     CTavrinID::SetReadingTavFile(true);
     const bool read = ReadRecord(archive);
     CTavrinID::SetReadingTavFile(false);
+    if (!m_tracks.empty() && FileVersionBeingRead() < kPerTargetMorphVersion)
+        ExpandLegacyMorphWeights();
     return read;
+}
+
+// Files before the per-target layout kept all of an object's morph weights in
+// one key frame on the object's track. Each weight becomes a key frame of its
+// own on the track of the morph geometry of the same index; weights beyond
+// the object's geometries are dropped. Key frames whose entity is no 3D
+// object with morph geometries are left as read.
+void CTavrinKeyFrameManager::ExpandLegacyMorphWeights() {
+    std::vector<CTavrinKeyFrameDataPtr> expanded;
+    for (auto track = m_tracks.begin(); track != m_tracks.end();) {
+        auto* object = dynamic_cast<CTavrin3DObject*>(track->first.Entity());
+        if (!object || !object->HasMorphingGeometry()) {
+            ++track;
+            continue;
+        }
+        const auto& targets = object->MorphingTable()->ListAllMorphGeometries();
+        for (auto entry = track->second.begin(); entry != track->second.end();) {
+            auto* legacy = dynamic_cast<CTavrinKeyFrameDataMorph*>(entry->second.get());
+            if (!legacy || legacy->LegacyWeights().empty()) {
+                ++entry;
+                continue;
+            }
+            const size_t count = std::min(legacy->LegacyWeights().size(), targets.size());
+            for (size_t i = 0; i < count; ++i) {
+                CTavrinKeyFrameDataPtr weight(
+                    new CTavrinKeyFrameDataMorph(targets[i]->ID(), object->ID(), legacy->LegacyWeights()[i]));
+                weight->SetEndFrame(legacy->EndFrame(), false);
+                weight->SetStartFrame(legacy->StartFrame(), false);
+                weight->SetEaseInMode(legacy->EaseInMode());
+                weight->SetEaseOutMode(legacy->EaseOutMode());
+                weight->SetSerialNumber(legacy->SerialNumber());
+                expanded.push_back(weight);
+            }
+            entry = track->second.erase(entry);
+        }
+        track = track->second.empty() ? m_tracks.erase(track) : std::next(track);
+    }
+    for (CTavrinKeyFrameDataPtr& data : expanded)
+        AddKeyFrameData(data, false);
 }
 
 void CTavrinKeyFrameManager::RenumberSerialNumbers() {

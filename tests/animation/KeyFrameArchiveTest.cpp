@@ -9,6 +9,7 @@
 #include "AnimationTestEntities.h"
 #include "ArchiveTestSupport.h"
 #include "MatrixExpectations.h"
+#include "host/CTavrinGeometry.h"
 
 #include <gtest/gtest.h>
 
@@ -318,4 +319,56 @@ TEST_F(KeyFrameArchive, MorphRecordsBeforeAndAfterThePerTargetLayout) {
     CTavrinKeyFrameManager older;
     ASSERT_TRUE(RoundTrip(manager, older, 13002));
     EXPECT_EQ(dynamic_cast<const CTavrinKeyFrameDataMorph&>(At(older, first, 6)).Weight(), 0.0);
+}
+
+TEST_F(KeyFrameArchive, LegacyMorphWeightsBecomeOneKeyPerTarget) {
+    CTavrin3DObject* object = CTavrin3DObject::Create(entities.Document());
+    CTavrinGeometry* smile = CTavrinGeometry::Create(entities.Document());
+    CTavrinGeometry* frown = CTavrinGeometry::Create(entities.Document());
+    object->MorphingTable()->AddMorphGeometry(smile);
+    object->MorphingTable()->AddMorphGeometry(frown);
+
+    TestWriter writer(13003);
+    RecordWriter out(writer.archive());
+    out.Manager().UInt(1).ID(object->ID()).UInt(1).Bool(true).UInt(2).UInt(KEYFRAME_MORPH);
+    out.ID(object->ID()).ID(object->ID()).Int(2).Int(2).Int(2).Int(0).Int(0).Int(4);
+    out.UUID(CTavrinUUID()).UUID(CTavrinUUID());
+    out.UInt(3).Double(0.25).Double(0.5).Double(1.0); // one weight more than targets
+    out.UInt(0).Int(0).Int(0).Int(2).UInt(0);
+    FileVersionScope file(13003);
+    TestReader reader(writer.Bytes(), 13003);
+    CTavrinKeyFrameManager read;
+    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
+
+    EXPECT_EQ(read.FindTrack(object->ID()), nullptr);
+    const auto& smiling = dynamic_cast<const CTavrinKeyFrameDataMorph&>(At(read, smile->ID(), 2));
+    const auto& frowning = dynamic_cast<const CTavrinKeyFrameDataMorph&>(At(read, frown->ID(), 2));
+    EXPECT_EQ(smiling.Weight(), 0.25);
+    EXPECT_EQ(frowning.Weight(), 0.5);
+    EXPECT_EQ(smiling.MorphedObjectID(), object->ID());
+    EXPECT_EQ(smiling.SerialNumber(), 4);
+    EXPECT_TRUE(smiling.LegacyWeights().empty());
+    EXPECT_EQ(read.Tracks().size(), 2u);
+}
+
+TEST_F(KeyFrameArchive, LinkedGuidFollowsAReplacedEntity) {
+    CTavrinDocumentsContainer* documents = CTavrinDocumentsContainer::DocumentsContainer();
+    CTavrinTransformNode* linkedNode = CTavrinTransformNode::Create(entities.Document());
+    documents->AddDocument(entities.Document());
+    CTavrinUUID oldGuid;
+    oldGuid.Generate();
+    documents->RecordReplacedUUID(oldGuid, linkedNode->GetGuid());
+
+    TestWriter writer(12503);
+    RecordWriter out(writer.archive());
+    out.ID(first).ID(first).Int(5).Int(5).Int(5).Int(0).Int(0).Int(1).UUID(oldGuid).UUID(oldGuid);
+    out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex());
+    FileVersionScope file(12503);
+    TestReader reader(writer.Bytes(), 12503);
+    CTavrinKeyFrameDataPtr key(CreateKeyFrameData(first, KEYFRAME_TRANSFORM));
+    const bool read = key->ArchiveReadWrite(reader.archive());
+    documents->RemoveDocument(entities.Document());
+    ASSERT_TRUE(read);
+    EXPECT_EQ(key->LinkedGuid(), linkedNode->GetGuid());
+    EXPECT_EQ(key->SecondLinkedGuid(), oldGuid); // stored as read
 }

@@ -6,6 +6,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
 #include "AnimationTestEntities.h"
 #include "MatrixExpectations.h"
+#include "host/CTavrinGeometry.h"
 
 #include <gtest/gtest.h>
 
@@ -150,4 +151,44 @@ TEST(KeyFrameApply, EntityOfTheWrongKindIsLeftAlone) {
     TransformPtr gone = NewTransform(CTavrinID(), Translation(7, 8, 9), 0, 0);
     gone->Apply();
     SUCCEED();
+}
+
+TEST(KeyFrameApply, HidingReachesTheWholeSubtreeAndShowingUndoesIt) {
+    AnimationTestEntities entities;
+    CTavrinTransformNode* root = CTavrinTransformNode::Create(entities.Document());
+    CTavrinTransformNode* arm = CTavrinTransformNode::Create(entities.Document());
+    CTavrinTransformNode* hand = CTavrinTransformNode::Create(entities.Document());
+    CTavrinTransformNode* other = CTavrinTransformNode::Create(entities.Document());
+    arm->SetParent(root);
+    hand->SetParent(arm);
+    other->SetParent(root);
+
+    CTavrinKeyFrameDataPtr hide(new CTavrinKeyFrameDataHideShow(arm->ID(), true));
+    hide->Apply();
+    EXPECT_TRUE(arm->IsHidden());
+    EXPECT_TRUE(hand->IsHidden());
+    EXPECT_FALSE(root->IsHidden());
+    EXPECT_FALSE(other->IsHidden());
+
+    CTavrinKeyFrameDataPtr show(new CTavrinKeyFrameDataHideShow(arm->ID(), false));
+    show->Apply();
+    EXPECT_FALSE(arm->IsHidden());
+    EXPECT_FALSE(hand->IsHidden());
+}
+
+TEST(KeyFrameApply, MorphSetsTheTargetWeightOnTheObject) {
+    AnimationTestEntities entities;
+    CTavrin3DObject* face = CTavrin3DObject::Create(entities.Document());
+    CTavrinGeometry* smile = CTavrinGeometry::Create(entities.Document());
+    CTavrinGeometry* notATarget = CTavrinGeometry::Create(entities.Document());
+    face->MorphingTable()->AddMorphGeometry(smile);
+
+    CTavrinKeyFrameDataPtr(new CTavrinKeyFrameDataMorph(smile->ID(), face->ID(), 0.75))->Apply();
+    EXPECT_EQ(face->MorphingTable()->GetMorphWeight(smile), 0.75);
+    CTavrinKeyFrameDataPtr(new CTavrinKeyFrameDataMorph(notATarget->ID(), face->ID(), 0.5))->Apply();
+    EXPECT_EQ(face->MorphingTable()->GetMorphWeight(notATarget), 0.0);
+    // An object without morph geometries is left alone.
+    CTavrin3DObject* plain = CTavrin3DObject::Create(entities.Document());
+    CTavrinKeyFrameDataPtr(new CTavrinKeyFrameDataMorph(smile->ID(), plain->ID(), 0.1))->Apply();
+    EXPECT_EQ(face->MorphingTable()->GetMorphWeight(smile), 0.75);
 }
