@@ -14,6 +14,8 @@
 #include "usdcore/sdf/data.h"
 #include "usdcore/sdf/listOp.h"
 #include "usdcore/sdf/payload.h"
+#include "usdcore/sdf/reference.h"
+#include "usdcore/sdf/layerOffset.h"
 #include "usdcore/sdf/timeCode.h"
 #include "usdcore/sdf/types.h"
 #include "usdcore/tf/diagnostic.h"
@@ -34,7 +36,7 @@ using B = CrateFileBuilder;
 enum : uint8_t {
     kBool = 1, kInt = 3, kInt64 = 5, kHalf = 7, kFloat = 8, kDouble = 9, kString = 10,
     kToken = 11, kAssetPath = 12, kMatrix2d = 13, kMatrix4d = 15, kQuatf = 17, kVec3h = 25,
-    kDictionary = 31, kTokenListOp = 32, kTokenVector = 41, kSpecifier = 42, kVariability = 44,
+    kDictionary = 31, kTokenListOp = 32, kReferenceListOp = 35, kTokenVector = 41, kSpecifier = 42, kVariability = 44,
     kVariantSelectionMap = 45, kTimeSamples = 46, kPayload = 47, kDoubleVector = 48,
     kValue = 52, kTimeCode = 56, kRelocates = 58,
 };
@@ -203,6 +205,26 @@ TEST(CrateStoredValues, VectorsMapsAndTimeCodes)
     EXPECT_EQ(double(layer.Field("time").Get<SdfTimeCode>()), 24.0);
 }
 
+TEST(CrateStoredValues, ReferencesCarryPathOffsetAndCustomData)
+{
+    B b;
+    // Explicit list op (1 | 2) of one reference: asset string, prim path 0,
+    // offset 10 and scale 2, then an empty custom-data dictionary.
+    const uint64_t at = b.Append(std::string(1, '\x03') + B::Raw(uint64_t(1)) +
+                                 B::Raw(b.String("ref.usd")) + B::Raw(uint32_t(0)) +
+                                 B::Raw(10.0) + B::Raw(2.0) + B::Raw(uint64_t(0)));
+    b.AddField("references", B::Rep(kReferenceListOp, at));
+    const Layer layer = Read(b);
+    ASSERT_TRUE(layer.ok) << layer.diagnostics;
+    const SdfReferenceListOp op = layer.Field("references").Get<SdfReferenceListOp>();
+    EXPECT_TRUE(op.IsExplicit());
+    ASSERT_EQ(op.GetExplicitItems().size(), 1u);
+    const SdfReference& reference = op.GetExplicitItems()[0];
+    EXPECT_EQ(reference.GetAssetPath(), "ref.usd");
+    EXPECT_EQ(reference.GetLayerOffset(), SdfLayerOffset(10, 2));
+    EXPECT_TRUE(reference.GetCustomData().empty());
+}
+
 TEST(CrateStoredValues, RelocatesPairSourceAndTargetPaths)
 {
     B b(11);
@@ -345,6 +367,26 @@ TEST(CrateArrays, LookupTableIndexPastTheTableIsRefused)
     EXPECT_FALSE(layer.ok);
     EXPECT_NE(layer.diagnostics.find("lookup table index 2 of 2"), std::string::npos)
         << layer.diagnostics;
+}
+
+TEST(CrateArrays, TableEntriesInArraysAreIndices)
+{
+    B b;
+    // Tokens index the token table; strings and asset paths (unlike an
+    // inlined asset path) index the string table.
+    const uint32_t str = b.String("text");
+    const uint32_t asset = b.String("a.png");
+    const uint32_t token = b.Token("tok");
+    b.AddField("tokens", B::Rep(kToken, b.Append(B::Raw(uint64_t(1)) + B::Raw(token)), false, true));
+    b.AddField("strings", B::Rep(kString, b.Append(B::Raw(uint64_t(1)) + B::Raw(str)), false, true));
+    b.AddField("assets", B::Rep(kAssetPath, b.Append(B::Raw(uint64_t(1)) + B::Raw(asset)), false, true));
+    b.AddField("bools", B::Rep(kBool, b.Append(B::Raw(uint64_t(2)) + std::string("\0\2", 2)), false, true));
+    const Layer layer = Read(b);
+    ASSERT_TRUE(layer.ok) << layer.diagnostics;
+    EXPECT_EQ(layer.Field("tokens").Get<VtArray<TfToken>>()[0], TfToken("tok"));
+    EXPECT_EQ(layer.Field("strings").Get<VtArray<std::string>>()[0], "text");
+    EXPECT_EQ(layer.Field("assets").Get<VtArray<SdfAssetPath>>()[0].GetAssetPath(), "a.png");
+    EXPECT_EQ(layer.Field("bools").Get<VtArray<bool>>(), (VtArray<bool>{false, true}));
 }
 
 TEST(CrateArrays, BeforeVersion05ArraysStartWithARankAnd32BitCount)
