@@ -97,6 +97,8 @@ protected:
     // Storage of the start frame, published as a named data member.
     int* StartFrameStorage() { return &m_startFrame; }
     int* EndFrameStorage() { return &m_endFrame; }
+    int* ConstantSpeedStartFrameStorage() { return &m_constantSpeedStartFrame; }
+    int* ConstantSpeedEndFrameStorage() { return &m_constantSpeedEndFrame; }
 
 private:
     int m_startFrame = 0;

@@ -3,6 +3,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 
 namespace Tavrin {
 
@@ -12,6 +13,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
         return CTavrinKeyFrameDataTransform::Create(entity, CTavrinMatrix());
     case KEYFRAME_CAMERA:
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
+    case KEYFRAME_ROUND_TABLE:
+        return new CTavrinKeyFrameDataTransformRoundTable(entity, CTavrinMatrix());
     case KEYFRAME_HIDE_SHOW:
         return new CTavrinKeyFrameDataHideShow(entity, true);
     case KEYFRAME_MORPH:
