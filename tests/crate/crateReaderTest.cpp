@@ -151,12 +151,22 @@ TEST(CrateCorpus, TimeSamplesOfVersion04HoldArrays)
 // must give a layer or a diagnostic, never a crash (the sanitizer build turns
 // any out-of-bounds access into a failure).
 
-TEST(CrateDamagedFiles, EveryTruncationFailsCleanly)
+// Two layouts: the raw sections of 0.0.1 and the compressed ones of 0.8.0.
+class CrateDamagedFiles : public ::testing::TestWithParam<const char*>
 {
-    const std::string bytes = ReadCorpusFile(kSmallCrateFile);
-    if (bytes.empty()) {
-        GTEST_SKIP() << "corpus file absent: " << kSmallCrateFile;
+protected:
+    void SetUp() override
+    {
+        bytes = ReadCorpusFile(GetParam());
+        if (bytes.empty()) {
+            GTEST_SKIP() << "corpus file absent: " << GetParam();
+        }
     }
+    std::string bytes;
+};
+
+TEST_P(CrateDamagedFiles, EveryTruncationFailsCleanly)
+{
     for (size_t length = 0; length < bytes.size(); ++length) {
         TfDiagnosticCapture capture;
         SdfData data;
@@ -167,12 +177,8 @@ TEST(CrateDamagedFiles, EveryTruncationFailsCleanly)
     }
 }
 
-TEST(CrateDamagedFiles, EveryFlippedByteIsSurvived)
+TEST_P(CrateDamagedFiles, EveryFlippedByteIsSurvived)
 {
-    const std::string bytes = ReadCorpusFile(kSmallCrateFile);
-    if (bytes.empty()) {
-        GTEST_SKIP() << "corpus file absent: " << kSmallCrateFile;
-    }
     size_t failures = 0;
     for (size_t offset = 0; offset < bytes.size(); ++offset) {
         for (const char mask : {'\x01', '\x80', '\xFF'}) {
@@ -189,5 +195,8 @@ TEST(CrateDamagedFiles, EveryFlippedByteIsSurvived)
     // Flips in the header, the sections and the value reps must be caught.
     EXPECT_GT(failures, bytes.size() / 4);
 }
+
+INSTANTIATE_TEST_SUITE_P(OldAndNewLayouts, CrateDamagedFiles,
+                         ::testing::Values(kOldestCrateFile, kSmallCrateFile));
 
 } // namespace
