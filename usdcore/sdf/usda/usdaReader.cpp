@@ -28,6 +28,17 @@ void AppendChildName(SdfData* data, const SdfPath& path, const TfToken& key, con
     }
 }
 
+// Relative paths in a spec's statements are relative to its prim, seen
+// without variant selections (targets name composed prims).
+SdfPath AnchorOf(const SdfPath& specPath)
+{
+    if (specPath.IsAbsoluteRootPath()) {
+        return SdfPath();
+    }
+    const SdfPath prim = specPath.IsPropertyPath() ? specPath.GetParentPath() : specPath;
+    return prim.StripAllVariantSelections();
+}
+
 class UsdaParser
 {
 public:
@@ -159,8 +170,7 @@ bool UsdaParser::ParseMetadataEntry(const SdfPath& path, bool isLayer)
     if (op != SdfListOpTypeExplicit) {
         _data->Has(path, fieldName, &value);
     }
-    const SdfPath anchor = path.IsAbsoluteRootPath() ? SdfPath() : path.GetPrimPath();
-    if (!Sdf_ParseMetadataValue(_c, *field, op, anchor, &value)) return false;
+    if (!Sdf_ParseMetadataValue(_c, *field, op, AnchorOf(path), &value)) return false;
     _data->Set(path, fieldName, std::move(value));
     return true;
 }
@@ -226,7 +236,7 @@ bool UsdaParser::ParsePrimBody(const SdfPath& primPath, int depth)
             if (!ParsePrim(primPath, depth + 1)) return false;
         } else if (word == "variantSet") {
             if (!ParseVariantSet(primPath, depth + 1)) return false;
-        } else if (word == "reorder" && _c.PeekAt(7) == ' ') {
+        } else if (word == "reorder") {
             const size_t start = _c.GetOffset();
             _c.AcceptKeyword("reorder");
             if (_c.AcceptKeyword("nameChildren")) {
@@ -281,7 +291,7 @@ bool UsdaParser::StartProperty(const SdfPath& path, SdfSpecType type, bool custo
     _data->CreateSpec(path, type);
     _data->Set(path, SdfFieldKeys->Custom, VtValue(custom));
     _data->Set(path, SdfFieldKeys->Variability, VtValue(variability));
-    AppendChildName(_data, path.GetPrimPath(), SdfChildrenKeys->PropertyChildren, path.GetNameToken());
+    AppendChildName(_data, path.GetParentPath(), SdfChildrenKeys->PropertyChildren, path.GetNameToken());
     return true;
 }
 
@@ -382,7 +392,7 @@ bool UsdaParser::ParseTargets(const SdfPath& propertyPath, SdfListOpType op, con
 {
     SdfPathListOp listOp;
     _data->Has(propertyPath, listField, &listOp);
-    if (!Sdf_ParsePathListOpItems(_c, op, propertyPath.GetPrimPath(), &listOp)) return false;
+    if (!Sdf_ParsePathListOpItems(_c, op, AnchorOf(propertyPath), &listOp)) return false;
     // Targets that a list adds get a spec of their own, as OpenUSD keeps them.
     if (op != SdfListOpTypeDeleted && op != SdfListOpTypeOrdered) {
         SdfPathVector children;
