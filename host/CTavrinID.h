@@ -20,6 +20,7 @@ enum enumEntityType {
     ENTITY_POLYGONS_TABLE,
     ENTITY_RIG_GEOMETRY_TABLE,
     ENTITY_MATERIAL,
+    ENTITY_CAMERA,
 };
 
 // Names one entity of one document: the document's UUID and the entity's

@@ -8,6 +8,15 @@
 
 namespace Tavrin {
 
+CTavrinMatrix LocalToWorldMatrix(const CTavrinSceneNode* node) {
+    CTavrinMatrix matrix;
+    for (const CTavrinSceneNode* step = node; step; step = step->Parent()) {
+        if (step->LocalTransform())
+            matrix = step->LocalTransform()->Matrix() * matrix;
+    }
+    return matrix;
+}
+
 std::vector<CTavrinSceneNode*> ListSceneNodesReferencingThisTransform(const CTavrinTransform* transform) {
     std::vector<CTavrinSceneNode*> nodes;
     if (!transform || !transform->Document())

@@ -10,6 +10,10 @@ namespace Tavrin {
 
 class CTavrinTransform;
 
+// The node's local matrix after those of all its parents; a node without a
+// local transform stands where its parent does.
+CTavrinMatrix LocalToWorldMatrix(const CTavrinSceneNode* node);
+
 // The nodes whose local transform is transform, in creation order.
 std::vector<CTavrinSceneNode*> ListSceneNodesReferencingThisTransform(const CTavrinTransform* transform);
 

@@ -81,6 +81,8 @@ public:
     CTavrinID EntityID() const { return m_entityID; }
     CTavrinID OriginalEntityID() const { return m_originalEntityID; }
     void SetOriginalEntityID(const CTavrinID& id) { m_originalEntityID = id; }
+    // Moves the data to another entity's track (the manager re-files it).
+    void SetEntityID(const CTavrinID& id) { m_entityID = id; }
     CTavrinUUID LinkedGuid() const { return m_linkedGuid; }
     CTavrinUUID SecondLinkedGuid() const { return m_secondLinkedGuid; }
     void SetLinkedGuids(const CTavrinUUID& first, const CTavrinUUID& second);

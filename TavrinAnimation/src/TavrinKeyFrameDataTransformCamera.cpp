@@ -1,6 +1,8 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
 
 #include "TavrinAnimation/src/TavrinArchiveValues.h"
+#include "host/CTavrinNodeQueries.h"
+#include "host/CTavrinTransform.h"
 
 #include <algorithm>
 
@@ -20,6 +22,23 @@ CTavrinKeyFrameDataTransformCamera::CTavrinKeyFrameDataTransformCamera(const CTa
                                                                        const CTavrinBasicCamera& camera)
     : CTavrinKeyFrameDataTransform(entity, camera.ComputeLocalToWorld()) {
     TakeFromCamera(camera);
+}
+
+CTavrinKeyFrameDataTransformCamera::CTavrinKeyFrameDataTransformCamera(const CTavrinID& entity,
+                                                                       const CTavrinCamera* camera)
+    : CTavrinKeyFrameDataTransform(entity, CTavrinMatrix()) {
+    if (!camera)
+        return;
+    const CTavrinMatrix toLocal = LocalToWorldMatrix(camera).Inverse();
+    CTavrin3DVertex position = camera->Position();
+    CTavrin3DVertex lookAt = camera->LookAt();
+    position.ModifyByTransform(toLocal);
+    lookAt.ModifyByTransform(toLocal);
+    m_distanceToTarget = lookAt.Distance(position);
+    if (camera->LocalTransform())
+        m_matrix = camera->LocalTransform()->Matrix();
+    SetFieldOfView(camera->FOV());
+    SetDepthOfField(camera->DOFEnabled(), camera->DOFDistance(), camera->DOFFieldStop());
 }
 
 void CTavrinKeyFrameDataTransformCamera::TakeFromCamera(const CTavrinBasicCamera& camera) {

@@ -5,6 +5,7 @@
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
 #include "host/CTavrinBasicCamera.h"
+#include "host/CTavrinCamera.h"
 
 namespace Tavrin {
 
@@ -15,6 +16,10 @@ public:
 
     // Placement, target distance and lens taken from camera.
     CTavrinKeyFrameDataTransformCamera(const CTavrinID& entity, const CTavrinBasicCamera& camera);
+    // From a camera node: the node's local matrix, the target distance
+    // measured in the node's local space, and the camera's lens. Without a
+    // camera the defaults hold.
+    CTavrinKeyFrameDataTransformCamera(const CTavrinID& entity, const CTavrinCamera* camera);
     CTavrinKeyFrameDataTransformCamera(const CTavrinKeyFrameDataTransformCamera& other) = default;
 
     bool ReadFromArchive(CTavrinArchiveBase* archive) override;

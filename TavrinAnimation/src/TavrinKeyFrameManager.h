@@ -62,6 +62,7 @@ private:
     bool ReadTrack(CTavrinArchiveBase& archive, const CTavrinID& entity, Track& track);
     void RenumberSerialNumbers();
     void ExpandLegacyMorphWeights();
+    void MoveCameraTracksToTransforms();
     void RestoreSerialNumbers();
 
     std::map<CTavrinID, Track> m_tracks;

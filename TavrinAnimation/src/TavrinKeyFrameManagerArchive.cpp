@@ -6,7 +6,9 @@
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "host/CTavrinArchive.h"
+#include "host/CTavrinCamera.h"
 #include "host/CTavrinGeometry.h"
+#include "host/CTavrinTransform.h"
 
 #include <algorithm>
 #include <iterator>
@@ -20,6 +22,7 @@ constexpr unsigned int kSavableFlagVersion = 10003;   // entries may be skipped 
 constexpr unsigned int kSerialCountersVersion = 10006;
 constexpr unsigned int kBaseRecordVersion = 10059;    // the named-object record leads
 constexpr unsigned int kPerTargetMorphVersion = 13014; // one morph key frame per target
+constexpr unsigned int kCameraTransformVersion = 10014; // cameras animated through their local transform
 
 template <typename Value>
 unsigned int CountNonDefaultKeys(const std::map<CTavrinID, Value>& map) {
@@ -45,9 +48,44 @@ bool CTavrinKeyFrameManager::ArchiveReadWrite(CTavrinArchiveBase& archive) {
     CTavrinID::SetReadingTavFile(true);
     const bool read = ReadRecord(archive);
     CTavrinID::SetReadingTavFile(false);
+    if (!m_tracks.empty() && FileVersionBeingRead() < kCameraTransformVersion)
+        MoveCameraTracksToTransforms();
     if (!m_tracks.empty() && FileVersionBeingRead() < kPerTargetMorphVersion)
         ExpandLegacyMorphWeights();
     return read;
+}
+
+// Files before cameras had local transforms animated cameras on the camera
+// itself. Its track, its serial counter and the redirects that led to it move
+// to the camera's local transform, made when the camera has none.
+void CTavrinKeyFrameManager::MoveCameraTracksToTransforms() {
+    std::vector<CTavrinKeyFrameDataPtr> moved;
+    for (auto track = m_tracks.begin(); track != m_tracks.end();) {
+        auto* camera = dynamic_cast<CTavrinCamera*>(track->first.Entity());
+        if (!camera) {
+            ++track;
+            continue;
+        }
+        if (!camera->LocalTransform())
+            camera->SetLocalTransform(CTavrinTransform::Create(camera->Document()));
+        const CTavrinID transform = camera->LocalTransform()->ID();
+        for (auto& entry : track->second) {
+            entry.second->SetEntityID(transform);
+            moved.push_back(entry.second);
+        }
+        for (auto& redirect : m_entityRedirects) {
+            if (redirect.second == track->first)
+                redirect.second = transform;
+        }
+        const auto counter = m_serialCounters.find(track->first);
+        if (counter != m_serialCounters.end()) {
+            m_serialCounters[transform] = counter->second;
+            m_serialCounters.erase(counter);
+        }
+        track = m_tracks.erase(track);
+    }
+    for (CTavrinKeyFrameDataPtr& data : moved)
+        AddKeyFrameData(data, false);
 }
 
 // Files before the per-target layout kept all of an object's morph weights in

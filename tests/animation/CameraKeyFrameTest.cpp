@@ -7,6 +7,7 @@
 #include "AnimationTestEntities.h"
 #include "ArchiveTestSupport.h"
 #include "MatrixExpectations.h"
+#include "host/CTavrinCamera.h"
 
 #include <gtest/gtest.h>
 
@@ -272,4 +273,58 @@ TEST(CameraKeyFrame, CamerasWithoutBlendFollowTheirTransform) {
     later->SetAllFrames(4);
     loose.AddKeyFrameData(later, true);
     EXPECT_FALSE(loose.KeyFrameDataAt(CTavrinID(), 1));
+}
+
+TEST(CameraKeyFrame, FromACameraNodeMeasuresTheTargetInLocalSpace) {
+    AnimationTestEntities entities;
+    CTavrinTransformNode* rig = CTavrinTransformNode::Create(entities.Document());
+    rig->SetLocalMatrix(CTavrinMatrix::CreateScalling(2, 2, 2));
+    CTavrinCamera* node = CTavrinCamera::Create(entities.Document());
+    node->SetParent(rig);
+    node->SetLocalMatrix(Translation(0, 0, 5)); // at (0, 0, 10) in the world
+    node->LoadBasicCamera(
+        CTavrinBasicCamera(CTavrin3DVertex(0, 0, 10), CTavrin3DVertex(0, 0, 0), CTavrin3DVertex(0, 1, 0)));
+    node->SetFOV(50);
+    node->SetDOF(true, 7, 2);
+
+    CameraPtr camera(new CTavrinKeyFrameDataTransformCamera(node->LocalTransform()->ID(), node));
+    EXPECT_NEAR(camera->DistanceToTarget(), 5, 1e-12); // 10 in the world, halved by the rig's scale
+    ExpectMatrixNear(camera->Matrix(), Translation(0, 0, 5), 0.0);
+    EXPECT_EQ(camera->FieldOfView(), 50.0);
+    EXPECT_TRUE(camera->DepthOfFieldEnabled());
+    EXPECT_EQ(camera->DepthOfFieldDistance(), 7.0);
+
+    CameraPtr withoutNode(new CTavrinKeyFrameDataTransformCamera(CTavrinID(), static_cast<const CTavrinCamera*>(nullptr)));
+    EXPECT_EQ(withoutNode->DistanceToTarget(), 1.0);
+    EXPECT_EQ(withoutNode->FieldOfView(), 30.0);
+}
+
+TEST(CameraKeyFrame, TracksOfFilesBefore10014MoveToTheCamerasTransform) {
+    AnimationTestEntities entities;
+    CTavrinCamera* node = CTavrinCamera::Create(entities.Document());
+    const CTavrinID previous = entities.NewEntity();
+    TestWriter writer(10013);
+    RecordWriter out(writer.archive());
+    out.UInt(1).ID(node->ID()).UInt(1).Bool(true).UInt(3).UInt(KEYFRAME_TRANSFORM);
+    out.ID(node->ID()).ID(node->ID()).Int(3).Int(3).Int(3).Int(0).Int(2); // legacy value, serial 2
+    out.Matrix(Translation(0, 4, 0)).Vertex(CTavrin3DVertex());
+    out.UInt(1).ID(previous).ID(node->ID());                           // previous -> camera
+    out.Int(0).Int(0).Int(3);
+    out.UInt(1).ID(node->ID()).UInt(2);                                 // the camera's counter
+    FileVersionScope file(10013);
+    TestReader reader(writer.Bytes(), 10013);
+    CTavrinKeyFrameManager read;
+    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
+    EXPECT_TRUE(reader.AtEnd());
+
+    ASSERT_NE(node->LocalTransform(), nullptr); // made for the move
+    const CTavrinID transform = node->LocalTransform()->ID();
+    EXPECT_EQ(read.FindTrack(node->ID()), nullptr);
+    ASSERT_NE(read.FindTrack(transform), nullptr);
+    const CTavrinKeyFrameData& key = *read.FindTrack(transform)->at(3);
+    EXPECT_EQ(key.EntityID(), transform);
+    EXPECT_EQ(key.SerialNumber(), 2);
+    EXPECT_EQ(read.ResolveEntityID(previous), transform);
+    EXPECT_EQ(read.SerialCounter(transform), 2);
+    EXPECT_EQ(read.SerialCounter(node->ID()), 0);
 }
