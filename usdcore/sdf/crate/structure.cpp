@@ -316,6 +316,7 @@ bool ReadCompressedPaths(Sdf_CrateByteCursor& cursor, Sdf_CrateStructure* out,
     if (encodedCount == 0) {
         return true;
     }
+    out->pathSteps.reserve(size_t(encodedCount));
     PathStepRecorder recorder(out, error);
     struct Pending {
         size_t entry;
@@ -371,6 +372,7 @@ bool ReadUncompressedPaths(Sdf_CrateByteCursor& cursor, std::string_view file,
     if (!fileCursor.Seek(uint64_t(cursor.GetBytes().data() - file.data()) + cursor.Tell())) {
         return false;
     }
+    out->pathSteps.reserve(size_t(out->pathCount));
     PathStepRecorder recorder(out, error);
     struct Pending {
         uint64_t offset;
