@@ -6,6 +6,7 @@
 #include "usdcore/gf/vec3f.h"
 #include "usdcore/sdf/crate/crateReader.h"
 #include "usdcore/sdf/data.h"
+#include "usdcore/sdf/layer.h"
 #include "usdcore/sdf/schema.h"
 #include "usdcore/sdf/types.h"
 #include "usdcore/tf/diagnostic.h"
@@ -79,6 +80,17 @@ TEST(CrateCorpus, OldestVersionGivesItsPrimsAndFields)
     EXPECT_FALSE(data.Has(airConditioner, SdfFieldKeys->TypeName));
     EXPECT_EQ(data.Get(SdfPath("/Scope"), SdfFieldKeys->TypeName).Get<TfToken>(),
               TfToken("Scope"));
+}
+
+TEST(CrateCorpus, CrateFileNamedUsdOpensAsALayerByItsContent)
+{
+    const std::string path = std::string(TAVRIN_CORPUS_DIR) + "/" + kOldestCrateFile;
+    if (ReadCorpusFile(kOldestCrateFile).empty()) {
+        GTEST_SKIP() << "corpus file absent: " << kOldestCrateFile;
+    }
+    const SdfLayerRefPtr layer = SdfLayer::FindOrOpen(path);
+    ASSERT_TRUE(layer);
+    EXPECT_EQ(layer->GetData().GetSpecType(SdfPath("/AirConditioner")), SdfSpecTypePrim);
 }
 
 const char* const kSmallCrateFile = "lighttransport_tinyusdz/models/translated-cube.usdc";
