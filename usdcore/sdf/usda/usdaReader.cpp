@@ -9,6 +9,8 @@
 #include "usdcore/tf/diagnostic.h"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 #include <vector>
 
 PXR_NAMESPACE_OPEN_SCOPE
@@ -16,17 +18,6 @@ PXR_NAMESPACE_OPEN_SCOPE
 namespace {
 
 using TokenVector = std::vector<TfToken>;
-
-// Adds \p name to the token vector field \p key of \p path unless present.
-void AppendChildName(SdfData* data, const SdfPath& path, const TfToken& key, const TfToken& name)
-{
-    TokenVector names;
-    data->Has(path, key, &names);
-    if (std::find(names.begin(), names.end(), name) == names.end()) {
-        names.push_back(name);
-        data->Set(path, key, VtValue::Take(names));
-    }
-}
 
 // Relative paths in a spec's statements are relative to its prim, seen
 // without variant selections (targets name composed prims).
@@ -46,6 +37,8 @@ public:
 
     bool ParseLayer();
     const Sdf_TextCursor& GetCursor() const { return _c; }
+    /// Stores the children lists gathered while parsing.
+    void StoreChildNames();
 
 private:
     bool ParseMetadataBlock(const SdfPath& path, bool isLayer);
@@ -64,9 +57,25 @@ private:
     bool AcceptListOpKeyword(SdfListOpType* op);
     bool StartProperty(const SdfPath& path, SdfSpecType type, bool custom, SdfVariability variability);
 
+    void AppendChildName(const SdfPath& path, const TfToken& key, const TfToken& name)
+    {
+        _childNames[{path, key}].push_back(name);
+    }
+
     Sdf_TextCursor _c;
     SdfData* _data;
+    // Children lists grow here and go into the data once at the end:
+    // growing them in place in the data would copy each list per child.
+    std::map<std::pair<SdfPath, TfToken>, TokenVector> _childNames;
 };
+
+void UsdaParser::StoreChildNames()
+{
+    for (auto& [key, names] : _childNames) {
+        _data->Set(key.first, key.second, VtValue::Take(names));
+    }
+    _childNames.clear();
+}
 
 bool UsdaParser::AcceptListOpKeyword(SdfListOpType* op)
 {
@@ -218,7 +227,7 @@ bool UsdaParser::ParsePrim(const SdfPath& parent, int depth)
     if (!typeName.empty()) {
         _data->Set(path, SdfFieldKeys->TypeName, VtValue(TfToken(std::string(typeName))));
     }
-    AppendChildName(_data, parent, SdfChildrenKeys->PrimChildren, nameToken);
+    AppendChildName(parent, SdfChildrenKeys->PrimChildren, nameToken);
     _c.SkipSpace();
     if (_c.Peek() == '(' && !ParseMetadataBlock(path, false)) return false;
     return ParsePrimBody(path, depth);
@@ -291,7 +300,7 @@ bool UsdaParser::StartProperty(const SdfPath& path, SdfSpecType type, bool custo
     _data->CreateSpec(path, type);
     _data->Set(path, SdfFieldKeys->Custom, VtValue(custom));
     _data->Set(path, SdfFieldKeys->Variability, VtValue(variability));
-    AppendChildName(_data, path.GetParentPath(), SdfChildrenKeys->PropertyChildren, path.GetNameToken());
+    AppendChildName(path.GetParentPath(), SdfChildrenKeys->PropertyChildren, path.GetNameToken());
     return true;
 }
 
@@ -422,8 +431,8 @@ bool UsdaParser::ParseVariantSet(const SdfPath& primPath, int depth)
     const SdfPath setPath = primPath.AppendVariantSelection(setName, "");
     if (!_data->HasSpec(setPath)) {
         _data->CreateSpec(setPath, SdfSpecTypeVariantSet);
+        AppendChildName(primPath, SdfChildrenKeys->VariantSetChildren, TfToken(setName));
     }
-    AppendChildName(_data, primPath, SdfChildrenKeys->VariantSetChildren, TfToken(setName));
     for (;;) {
         if (_c.Accept('}')) return true;
         std::string variantName;
@@ -437,7 +446,7 @@ bool UsdaParser::ParseVariantSet(const SdfPath& primPath, int depth)
         }
         _data->CreateSpec(variantPath, SdfSpecTypeVariant);
         _data->Set(variantPath, SdfFieldKeys->Specifier, VtValue(SdfSpecifierOver));
-        AppendChildName(_data, setPath, SdfChildrenKeys->VariantChildren, TfToken(variantName));
+        AppendChildName(setPath, SdfChildrenKeys->VariantChildren, TfToken(variantName));
         _c.SkipSpace();
         if (_c.Peek() == '(' && !ParseMetadataBlock(variantPath, false)) return false;
         if (!ParsePrimBody(variantPath, depth)) return false;
@@ -449,7 +458,9 @@ bool UsdaParser::ParseVariantSet(const SdfPath& primPath, int depth)
 bool SdfUsdaReadData(std::string_view text, const std::string& identifier, SdfData* data)
 {
     UsdaParser parser(text, data);
-    if (parser.ParseLayer()) {
+    const bool parsed = parser.ParseLayer();
+    parser.StoreChildNames();
+    if (parsed) {
         return true;
     }
     const Sdf_TextCursor& cursor = parser.GetCursor();
