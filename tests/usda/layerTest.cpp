@@ -96,7 +96,13 @@ TEST(SdfLayerOpen, CorpusPackagesAndCrateFilesOpen)
     // The package's first layer is a crate layer with a pseudo-root and prims.
     EXPECT_EQ(layer->GetSpecType(SdfPath::AbsoluteRootPath()), SdfSpecTypePseudoRoot);
     EXPECT_TRUE(layer->HasField(SdfPath::AbsoluteRootPath(), SdfChildrenKeys->PrimChildren));
+    // Its text form reads back as the very data the crate reader gave: both
+    // readers name and type their fields alike.
     std::string text;
-    EXPECT_TRUE(layer->ExportToString(&text));
+    ASSERT_TRUE(layer->ExportToString(&text));
     EXPECT_EQ(text.rfind("#usda 1.0\n", 0), 0u);
+    const SdfLayerRefPtr fromText = SdfLayer::OpenFromString(text);
+    ASSERT_TRUE(fromText);
+    std::string difference;
+    EXPECT_TRUE(SdfDataEqual(layer->GetData(), fromText->GetData(), &difference)) << difference;
 }

@@ -119,10 +119,13 @@ TEST(UsdaAttributes, TypeNameVariabilityAndCustomAreFields)
     EXPECT_EQ(Field<TfToken>(data, "/P.a", SdfFieldKeys->TypeName), TfToken("token[]"));
     EXPECT_EQ(Field<SdfVariability>(data, "/P.a", SdfFieldKeys->Variability), SdfVariabilityUniform);
     EXPECT_TRUE(Field<bool>(data, "/P.a", SdfFieldKeys->Custom));
+    // Unwritten keywords leave their fields unauthored.
     const SdfData plain = ReadAttribute("float a");
-    EXPECT_FALSE(Field<bool>(plain, "/P.a", SdfFieldKeys->Custom));
-    EXPECT_EQ(Field<SdfVariability>(plain, "/P.a", SdfFieldKeys->Variability), SdfVariabilityVarying);
+    EXPECT_FALSE(plain.Has(SdfPath("/P.a"), SdfFieldKeys->Custom));
+    EXPECT_FALSE(plain.Has(SdfPath("/P.a"), SdfFieldKeys->Variability));
     EXPECT_FALSE(plain.Has(SdfPath("/P.a"), SdfFieldKeys->Default));
+    EXPECT_EQ(Field<SdfVariability>(ReadAttribute("varying float a"), "/P.a", SdfFieldKeys->Variability),
+              SdfVariabilityVarying);
 }
 
 TEST(UsdaAttributes, NoneIsAValueBlock)

@@ -8,7 +8,7 @@
 #include "usdcore/sdf/usda/valueText.h"
 #include "usdcore/tf/diagnostic.h"
 
-#include <algorithm>
+#include <optional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -47,15 +47,14 @@ private:
     bool ParsePrimBody(const SdfPath& primPath, int depth);
     bool ParseReorder(const SdfPath& primPath, const TfToken& field);
     bool ParseProperty(const SdfPath& primPath);
-    bool ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool custom, SdfVariability variability);
-    bool ParseRelationship(const SdfPath& primPath, SdfListOpType op, bool custom, SdfVariability variability);
-    bool ParseTargets(const SdfPath& propertyPath, SdfListOpType op, const TfToken& listField,
-                      const TfToken& childrenField, SdfSpecType childType);
+    bool ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool custom, std::optional<SdfVariability> variability);
+    bool ParseRelationship(const SdfPath& primPath, SdfListOpType op, bool custom, std::optional<SdfVariability> variability);
+    bool ParseTargets(const SdfPath& propertyPath, SdfListOpType op, const TfToken& listField);
     bool ParseTimeSamples(const std::string& typeName, SdfTimeSampleMap* samples);
     bool ParseVariantSet(const SdfPath& primPath, int depth);
     bool ReadName(std::string* name);
     bool AcceptListOpKeyword(SdfListOpType* op);
-    bool StartProperty(const SdfPath& path, SdfSpecType type, bool custom, SdfVariability variability);
+    bool StartProperty(const SdfPath& path, SdfSpecType type, bool custom, std::optional<SdfVariability> variability);
 
     void AppendChildName(const SdfPath& path, const TfToken& key, const TfToken& name)
     {
@@ -278,11 +277,13 @@ bool UsdaParser::ParseProperty(const SdfPath& primPath)
     SdfListOpType op;
     AcceptListOpKeyword(&op);
     const bool custom = _c.AcceptKeyword("custom");
-    SdfVariability variability = SdfVariabilityVarying;
+    // Only a written keyword sets variability: unwritten, the field stays
+    // unauthored, as OpenUSD's readers leave it.
+    std::optional<SdfVariability> variability;
     if (_c.AcceptKeyword("uniform")) {
         variability = SdfVariabilityUniform;
-    } else if (!_c.AcceptKeyword("varying")) {
-        _c.AcceptKeyword("config");
+    } else if (_c.AcceptKeyword("varying")) {
+        variability = SdfVariabilityVarying;
     }
     if (_c.AcceptKeyword("rel")) {
         return ParseRelationship(primPath, op, custom, variability);
@@ -290,7 +291,8 @@ bool UsdaParser::ParseProperty(const SdfPath& primPath)
     return ParseAttribute(primPath, op, custom, variability);
 }
 
-bool UsdaParser::StartProperty(const SdfPath& path, SdfSpecType type, bool custom, SdfVariability variability)
+bool UsdaParser::StartProperty(const SdfPath& path, SdfSpecType type, bool custom,
+                               std::optional<SdfVariability> variability)
 {
     const SdfSpecType existing = _data->GetSpecType(path);
     if (existing == type) return true;
@@ -298,13 +300,17 @@ bool UsdaParser::StartProperty(const SdfPath& path, SdfSpecType type, bool custo
         return _c.Fail("'" + path.GetName() + "' is declared both as an attribute and a relationship");
     }
     _data->CreateSpec(path, type);
-    _data->Set(path, SdfFieldKeys->Custom, VtValue(custom));
-    _data->Set(path, SdfFieldKeys->Variability, VtValue(variability));
+    if (custom) {
+        _data->Set(path, SdfFieldKeys->Custom, VtValue(true));
+    }
+    if (variability) {
+        _data->Set(path, SdfFieldKeys->Variability, VtValue(*variability));
+    }
     AppendChildName(path.GetParentPath(), SdfChildrenKeys->PropertyChildren, path.GetNameToken());
     return true;
 }
 
-bool UsdaParser::ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool custom, SdfVariability variability)
+bool UsdaParser::ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool custom, std::optional<SdfVariability> variability)
 {
     const size_t typeStart = _c.GetOffset();
     std::string_view scalarType;
@@ -337,8 +343,7 @@ bool UsdaParser::ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool 
     _data->Set(path, SdfFieldKeys->TypeName, VtValue(TfToken(typeName)));
     if (suffix == "connect") {
         if (!_c.Expect('=')) return false;
-        return ParseTargets(path, op, SdfFieldKeys->ConnectionPaths, SdfChildrenKeys->ConnectionChildren,
-                            SdfSpecTypeConnection);
+        return ParseTargets(path, op, SdfFieldKeys->ConnectionPaths);
     }
     if (suffix == "timeSamples") {
         if (!_c.Expect('=')) return false;
@@ -378,15 +383,14 @@ bool UsdaParser::ParseTimeSamples(const std::string& typeName, SdfTimeSampleMap*
     }
 }
 
-bool UsdaParser::ParseRelationship(const SdfPath& primPath, SdfListOpType op, bool custom, SdfVariability variability)
+bool UsdaParser::ParseRelationship(const SdfPath& primPath, SdfListOpType op, bool custom, std::optional<SdfVariability> variability)
 {
     std::string_view name;
     if (!_c.ReadIdentifier(&name, true)) return false;
     const SdfPath path = primPath.AppendProperty(TfToken(std::string(name)));
     if (!StartProperty(path, SdfSpecTypeRelationship, custom, variability)) return false;
     if (_c.Accept('=')) {
-        if (!ParseTargets(path, op, SdfFieldKeys->TargetPaths, SdfChildrenKeys->RelationshipTargetChildren,
-                          SdfSpecTypeRelationshipTarget)) {
+        if (!ParseTargets(path, op, SdfFieldKeys->TargetPaths)) {
             return false;
         }
     } else if (op != SdfListOpTypeExplicit) {
@@ -396,26 +400,13 @@ bool UsdaParser::ParseRelationship(const SdfPath& primPath, SdfListOpType op, bo
     return _c.Peek() != '(' || ParseMetadataBlock(path, false);
 }
 
-bool UsdaParser::ParseTargets(const SdfPath& propertyPath, SdfListOpType op, const TfToken& listField,
-                              const TfToken& childrenField, SdfSpecType childType)
+bool UsdaParser::ParseTargets(const SdfPath& propertyPath, SdfListOpType op, const TfToken& listField)
 {
+    // Targets live in the list op only; like OpenUSD's readers of either
+    // format, no spec is made per target.
     SdfPathListOp listOp;
     _data->Has(propertyPath, listField, &listOp);
     if (!Sdf_ParsePathListOpItems(_c, op, AnchorOf(propertyPath), &listOp)) return false;
-    // Targets that a list adds get a spec of their own, as OpenUSD keeps them.
-    if (op != SdfListOpTypeDeleted && op != SdfListOpTypeOrdered) {
-        SdfPathVector children;
-        _data->Has(propertyPath, childrenField, &children);
-        for (const SdfPath& target : listOp.GetItems(op)) {
-            if (std::find(children.begin(), children.end(), target) == children.end()) {
-                children.push_back(target);
-                _data->CreateSpec(propertyPath.AppendTarget(target), childType);
-            }
-        }
-        if (!children.empty()) {
-            _data->Set(propertyPath, childrenField, VtValue::Take(children));
-        }
-    }
     _data->Set(propertyPath, listField, VtValue::Take(listOp));
     return true;
 }

@@ -171,8 +171,8 @@ std::string UsdaWriter::DeclarationPrefix(const SdfPath& path) const
         prefix += "custom ";
     }
     SdfVariability variability = SdfVariabilityVarying;
-    if (_data.Has(path, SdfFieldKeys->Variability, &variability) && variability == SdfVariabilityUniform) {
-        prefix += "uniform ";
+    if (_data.Has(path, SdfFieldKeys->Variability, &variability)) {
+        prefix += variability == SdfVariabilityUniform ? "uniform " : "varying ";
     }
     return prefix;
 }
