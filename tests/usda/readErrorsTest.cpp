@@ -60,6 +60,9 @@ TEST(UsdaErrors, UnknownTypeAndMalformedNumbers)
     EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { int a = 1.5 }").find("bad.usda:2:19"), std::string::npos);
     EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { uchar a = 256 }").find("out of range"), std::string::npos);
     ReadError("#usda 1.0\ndef \"A\" { float a = 1x }");
+    ReadError("#usda 1.0\ndef \"A\" { float a = 2.5.3 }");
+    ReadError("#usda 1.0\ndef \"A\" { float a = 1e }");
+    ReadError("#usda 1.0\ndef \"A\" { float a = infinity }");
 }
 
 TEST(UsdaErrors, UnterminatedThings)

@@ -49,6 +49,9 @@ TEST(UsdaNumbers, FloatingPointFormsIncludingScientificAndSpecials)
     EXPECT_EQ(DefaultOf<double>("double a = -2.5E-2"), -0.025);
     EXPECT_EQ(DefaultOf<double>("double a = .5"), 0.5);
     EXPECT_EQ(DefaultOf<double>("double a = 7"), 7.0);
+    EXPECT_EQ(DefaultOf<double>("double a = -.25"), -0.25);
+    EXPECT_EQ(DefaultOf<double>("double a = +2"), 2.0);
+    EXPECT_EQ(DefaultOf<double>("double a = 1e5"), 100000.0);
     EXPECT_TRUE(std::isinf(DefaultOf<double>("double a = inf")));
     EXPECT_EQ(DefaultOf<double>("double a = -inf"), -INFINITY);
     EXPECT_TRUE(std::isnan(DefaultOf<double>("double a = nan")));

@@ -311,6 +311,20 @@ bool Sdf_TextCursor::ReadNumberText(std::string_view* out)
 
 bool Sdf_TextCursor::ReadDouble(double* out)
 {
+    // Fast path for the common plain decimal: one pass of from_chars over
+    // the text in place. Anything unusual (a sign '+', inf, nan, a number
+    // run into letters) takes the checked path below.
+    SkipSpace();
+    const size_t digitAt = _pos + (Peek() == '-' ? 1 : 0);
+    if (digitAt < _text.size() && (IsDigit(_text[digitAt]) || _text[digitAt] == '.')) {
+        const char* first = _text.data() + _pos;
+        const char* last = _text.data() + _text.size();
+        const auto [end, ec] = std::from_chars(first, last, *out);
+        if (ec == std::errc() && (end == last || (!IsIdentifierChar(*end) && *end != '.'))) {
+            _pos += size_t(end - first);
+            return true;
+        }
+    }
     std::string_view number;
     if (!ReadNumberText(&number)) {
         return false;
