@@ -53,6 +53,8 @@ struct Usd_IndexNode {
     int siblingNum = 0;
     Usd_ArcType arc = Usd_ArcType::Root;
     bool hasSpecs = false;
+    /// Some spec of the site authors arcs or variant sets.
+    bool hasArcs = false;
     /// Came with an arc authored on this prim, not on an ancestor.
     bool direct = false;
     bool variantsDone = false;

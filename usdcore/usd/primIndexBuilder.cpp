@@ -18,12 +18,30 @@ namespace {
 // Real scenes stay far below this; it stops hostile arc fans.
 constexpr size_t kMaxNodesPerPrim = 1024;
 
-bool StackHasSpec(const Usd_LayerStack& stack, const SdfPath& path)
+bool IsArcField(const TfToken& name)
 {
-    for (const Usd_LayerStackEntry& entry : stack.GetLayers()) {
-        if (entry.layer->HasSpec(path)) return true;
+    return name == SdfFieldKeys->References || name == SdfFieldKeys->Payload ||
+           name == SdfFieldKeys->InheritPaths || name == SdfFieldKeys->Specializes ||
+           name == SdfFieldKeys->VariantSetNames;
+}
+
+// Whether any layer of the stack has a spec at the site, and whether any of
+// those specs authors arcs or variant sets: one lookup per layer.
+void SummarizeSite(Usd_IndexNode* node)
+{
+    node->hasSpecs = false;
+    node->hasArcs = false;
+    for (const Usd_LayerStackEntry& entry : node->layerStack->GetLayers()) {
+        const SdfData::FieldVector* fields = entry.layer->GetData().GetFields(node->path);
+        if (!fields) continue;
+        node->hasSpecs = true;
+        for (const SdfData::Field& field : *fields) {
+            if (IsArcField(field.first)) {
+                node->hasArcs = true;
+                return;
+            }
+        }
     }
-    return false;
 }
 
 template <class T>
@@ -70,23 +88,6 @@ std::vector<AuthoredItem<T>> ComposeListField(const Usd_LayerStack& stack, const
         result.push_back({item, origin != origins.end() ? origin->layerIndex : 0});
     }
     return result;
-}
-
-bool HasArcFields(const Usd_LayerStack& stack, const SdfPath& path)
-{
-    for (const Usd_LayerStackEntry& entry : stack.GetLayers()) {
-        const SdfData::FieldVector* fields = entry.layer->GetData().GetFields(path);
-        if (!fields) continue;
-        for (const SdfData::Field& field : *fields) {
-            const TfToken& name = field.first;
-            if (name == SdfFieldKeys->References || name == SdfFieldKeys->Payload ||
-                name == SdfFieldKeys->InheritPaths || name == SdfFieldKeys->Specializes ||
-                name == SdfFieldKeys->VariantSetNames) {
-                return true;
-            }
-        }
-    }
-    return false;
 }
 
 // A node's site is an ancestor or descendant of the new target in the same
@@ -165,16 +166,14 @@ Usd_IndexGraph Usd_PrimIndexBuilder::BuildChild(const Usd_IndexGraph& parent, co
     for (const Usd_IndexNode& parentNode : parent.nodes) {
         Usd_IndexNode node = parentNode;
         node.path = parentNode.path.AppendChild(name);
-        node.hasSpecs = StackHasSpec(*node.layerStack, node.path);
+        SummarizeSite(&node);
         node.direct = false;
-        node.variantsDone = !node.hasSpecs;
+        node.variantsDone = !node.hasArcs;
         graph.nodes.push_back(node);
     }
     const int inherited = static_cast<int>(graph.nodes.size());
     for (int i = 0; i < inherited; ++i) {
-        if (graph.nodes[i].hasSpecs) {
-            _AddDirectArcs(&graph, i, primPath);
-        }
+        _AddDirectArcs(&graph, i, primPath);
     }
     _AddVariantArcs(&graph, primPath);
 
@@ -204,8 +203,7 @@ Usd_IndexGraph Usd_PrimIndexBuilder::BuildChild(const Usd_IndexGraph& parent, co
 
 void Usd_PrimIndexBuilder::_AddDirectArcs(Usd_IndexGraph* graph, int owner, const SdfPath& primPath)
 {
-    const Usd_IndexNode& node = graph->nodes[owner];
-    if (!HasArcFields(*node.layerStack, node.path)) {
+    if (!graph->nodes[owner].hasArcs) {
         return;
     }
     _AddClassArcs(graph, owner, Usd_ArcType::Inherit, SdfFieldKeys->InheritPaths, primPath);
@@ -296,14 +294,14 @@ void Usd_PrimIndexBuilder::_AddVariantArcs(Usd_IndexGraph* graph, const SdfPath&
     // A selection may come from any site of the prim, the strongest first,
     // and variants may bring more sites, with more variant sets: settle the
     // sets one site at a time in strength order until none is left.
-    for (;;) {
+    const auto settled = [graph]() {
+        return std::all_of(graph->nodes.begin(), graph->nodes.end(),
+                           [](const Usd_IndexNode& node) { return node.variantsDone; });
+    };
+    while (!settled()) {
         std::vector<int> order = graph->GetStrengthOrder();
-        const auto next = std::find_if(order.begin(), order.end(),
-                                       [graph](int i) { return !graph->nodes[i].variantsDone; });
-        if (next == order.end()) {
-            return;
-        }
-        const int owner = *next;
+        const int owner = *std::find_if(order.begin(), order.end(),
+                                        [graph](int i) { return !graph->nodes[i].variantsDone; });
         graph->nodes[owner].variantsDone = true;
         const Usd_IndexNode node = graph->nodes[owner];
         const std::vector<AuthoredItem<std::string>> sets =
@@ -367,17 +365,15 @@ void Usd_PrimIndexBuilder::_AddArc(Usd_IndexGraph* graph, int owner, Usd_ArcType
     node.namespaceDepth = static_cast<int>(graph->nodes[owner].path.StripAllVariantSelections().GetPathElementCount());
     node.siblingNum = siblingNum;
     node.arc = arcType;
-    node.hasSpecs = StackHasSpec(*node.layerStack, node.path);
+    SummarizeSite(&node);
     node.direct = true;
-    node.variantsDone = !node.hasSpecs;
+    node.variantsDone = !node.hasArcs;
     if (!node.hasSpecs && (arcType == Usd_ArcType::Reference || arcType == Usd_ArcType::Payload)) {
         TF_WARN("<%s>: the %s target <%s> has no spec in '%s'", primPath.GetText(), ArcName(arcType),
                 target.path.GetText(), node.layerStack->GetRootLayer()->GetIdentifier().c_str());
     }
     graph->nodes.push_back(node);
-    if (node.hasSpecs) {
-        _AddDirectArcs(graph, static_cast<int>(graph->nodes.size()) - 1, primPath);
-    }
+    _AddDirectArcs(graph, static_cast<int>(graph->nodes.size()) - 1, primPath);
 }
 
 void Usd_PrimIndexBuilder::AppendOpinions(const Usd_IndexGraph& graph, std::vector<Usd_Opinion>* opinions)
