@@ -128,3 +128,13 @@ TEST(ClassArcs, StrengthOrder)
     EXPECT_EQ(DoubleAt(stage, "/InheritBeatsReference", "value"), 1.0);
     EXPECT_EQ(DoubleAt(stage, "/ReferenceBeatsSpecializes", "shared"), 3.0);
 }
+
+TEST(References, ArcOnThePrimBeatsArcOnItsAncestor)
+{
+    // /Ancestral/Geom gets weight 2 from model.usda through its parent's
+    // reference, and 4 through its own reference to /Source: its own is
+    // stronger.
+    const UsdStageRefPtr stage = OpenStage("references.usda");
+    EXPECT_EQ(DoubleAt(stage, "/Ancestral/Geom", "weight"), 4.0);
+    EXPECT_EQ(stage->GetPrimAtPath(SdfPath("/Ancestral/Geom")).GetTypeName(), TfToken("Mesh"));
+}

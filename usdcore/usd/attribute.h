@@ -82,11 +82,6 @@ private:
         *value = held.UncheckedGet<T>();
         return true;
     }
-    bool _Extract(const VtValue& held, VtValue* value) const
-    {
-        *value = held;
-        return true;
-    }
     void _ReportTypeMismatch(const VtValue& held, const char* wanted) const;
 };
 

@@ -165,7 +165,8 @@ Usd_IndexGraph Usd_PrimIndexBuilder::BuildChild(const Usd_IndexGraph& parent, co
     graph.nodes.reserve(parent.nodes.size());
     for (const Usd_IndexNode& parentNode : parent.nodes) {
         Usd_IndexNode node = parentNode;
-        node.path = parentNode.path.AppendChild(name);
+        // The first node is the stage's own site: the prim path itself.
+        node.path = graph.nodes.empty() ? primPath : parentNode.path.AppendChild(name);
         SummarizeSite(&node);
         node.direct = false;
         node.variantsDone = !node.hasArcs;

@@ -174,6 +174,9 @@ void UsdStage::_Compose()
     pseudoRoot->flags = Usd_PrimActiveFlag | Usd_PrimLoadedFlag | Usd_PrimDefinedFlag |
                         Usd_PrimHasDefiningSpecifierFlag | Usd_PrimPseudoRootFlag;
     c.pseudoRoot = pseudoRoot;
+    // Every prim of the root layer is a prim of the stage, and most prims
+    // have a spec there: room for them all up front spares rehashing.
+    c.primsByPath.reserve(_rootLayer->GetData().GetSpecCount());
     c.primsByPath.emplace(pseudoRoot->path, pseudoRoot);
 
     // Depth first, so prims are stored in traversal order, with an explicit
@@ -195,12 +198,16 @@ void UsdStage::_Compose()
         }
         Usd_PrimData* parent = frame.prim;
         const SdfPath path = parent->path.AppendChild(frame.childNames[frame.next++]);
-        if (path.IsEmpty() || !c.primsByPath.emplace(path, nullptr).second) {
+        if (path.IsEmpty()) {
+            continue;
+        }
+        const auto [entry, added] = c.primsByPath.emplace(path, nullptr);
+        if (!added) {
             continue;
         }
         Usd_IndexGraph graph = builder.BuildChild(frame.graph, path);
         Usd_PrimData* prim = makePrim(parent, path, graph);
-        c.primsByPath[path] = prim;
+        entry->second = prim;
         (frame.lastChild ? frame.lastChild->nextSibling : parent->firstChild) = prim;
         frame.lastChild = prim;
 
