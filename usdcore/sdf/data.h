@@ -32,7 +32,7 @@ public:
 /// and its fields (name -> value) in the order they were first set.
 ///
 /// Built once by a file reader, then read. Lookups are one hash probe for
-/// the spec and a scan of its few fields. Cheap to move; copies are deep.
+/// that spec and a scan of its few fields. Cheap to move; copies are deep.
 class SdfData
 {
 public:
@@ -52,7 +52,7 @@ public:
     void CreateSpec(const SdfPath& path, SdfSpecType specType);
     bool HasSpec(const SdfPath& path) const;
     void EraseSpec(const SdfPath& path);
-    /// Moves the spec at \p oldPath (only that spec, not its descendants).
+    /// Moves the entry at \p oldPath (only that spec, not its descendants).
     void MoveSpec(const SdfPath& oldPath, const SdfPath& newPath);
     /// SdfSpecTypeUnknown when there is no spec at \p path.
     SdfSpecType GetSpecType(const SdfPath& path) const;
@@ -82,9 +82,9 @@ public:
     void Set(const SdfPath& path, const TfToken& fieldName, const VtValue& value);
     void Set(const SdfPath& path, const TfToken& fieldName, VtValue&& value);
     void Erase(const SdfPath& path, const TfToken& fieldName);
-    /// Field names of the spec in the order they were first set.
+    /// Field names of this spec in the order they were first set.
     std::vector<TfToken> List(const SdfPath& path) const;
-    /// The spec's fields in place, or null.
+    /// Its fields in place, or null.
     const FieldVector* GetFields(const SdfPath& path) const;
 
     void VisitSpecs(SdfAbstractDataSpecVisitor* visitor) const;

@@ -76,7 +76,7 @@ protected:
     {
     }
 
-    /// The spec type of the strongest spec of this property.
+    /// Attribute or relationship, as this property's strongest opinion says.
     SdfSpecType _GetDefiningSpecType() const;
 
     /// Calls \p fn(opinion, fields) for each spec of this object, strongest

@@ -28,7 +28,7 @@ struct Usd_Opinion {
     SdfLayerOffset offset;
     /// Maps the layer's namespace to the stage's.
     const Usd_NamespaceMap* map;
-    /// The spec's fields, read in place: layers never change once open.
+    /// Its fields, read in place: layers never change once open.
     const SdfData::FieldVector* fields;
 };
 

@@ -139,7 +139,7 @@ bool UsdaParser::ParseMetadataEntry(const SdfPath& path, bool isLayer)
 {
     _c.SkipSpace();
     if (_c.AtString()) {
-        // A bare string is the spec's comment.
+        // A bare string in metadata is the object's comment field.
         std::string comment;
         if (!_c.ReadString(&comment)) return false;
         _data->Set(path, SdfFieldKeys->Comment, VtValue::Take(comment));
