@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "host/CTavrinMatrix.h"
+#include "host/CTavrinString.h"
+#include "host/CTavrinTexture.h"
+#include "usdreader/CTavrinImportHandler.h"
+#include "usdreader/UsdApi.h"
+
+// The schema classes appear here only in signatures; the converters that use
+// them get their definitions through UsdApi.h.
+PXR_NAMESPACE_OPEN_SCOPE
+class UsdGeomMesh;
+class UsdGeomXformable;
+class UsdShadeMaterial;
+class UsdShadeShader;
+class UsdSkelAnimation;
+class UsdSkelSkeleton;
+PXR_NAMESPACE_CLOSE_SCOPE
+
+namespace Tavrin {
+
+class CTavrin3DObject;
+class CTavrinBasicGeneralMaterial;
+class CTavrinDocument;
+class CTavrinGeometry;
+class CTavrinSceneNode;
+class CTavrinSequence;
+class CTavrinSkeletonJoint;
+
+// The state of one import. Every converter is a member operation and works on
+// these members; one object serves exactly one call of ReadUSDFile. The maps
+// point at nodes the document owns; the document and the sequence belong to
+// the caller and the sequence container once the import returns.
+class CTavrinUSDReaderHandler : public CTavrinImportHandler {
+public:
+    // Prims visited so far by the converting walk, and prims it will visit.
+    std::int32_t visitedPrimCount = 0;
+    std::int32_t primCount = 0;
+    // Absolute prim path to the node made for it (or, for a prim that makes
+    // no node, its parent's node); a joint's name, as a one-element relative
+    // path, to that joint.
+    std::map<PXR_NS::SdfPath, CTavrinSceneNode*> nodesByPath;
+    PXR_NS::UsdStageRefPtr stage;
+    CTavrinDocument* document = nullptr;
+    // Both end with one backslash (the system separator after conversion).
+    CTavrinString textureFolder;
+    CTavrinString unpackFolder;
+    std::int32_t unnamedJointCount = 0;
+    // Up-axis and unit correction, pre-multiplied onto every root node.
+    CTavrinMatrix rootMatrix;
+    // Position in the skeleton's joint list to the joint made for it.
+    std::map<int, CTavrinSkeletonJoint*> jointsByIndex;
+    // The texture-coordinate primvar of the mesh being converted.
+    PXR_NS::TfToken stPrimvarName;
+    CTavrinSequence* sequence = nullptr;
+    // Axis permutation and signs of converted matrices, points and normals.
+    std::array<std::int32_t, 4> axisOrder = {0, 1, 2, 3};
+    std::array<std::int32_t, 4> axisSign = {1, 1, 1, 1};
+
+    // The driver: the document made from the file at path, textures copied
+    // into folder; null when the file could not be read.
+    CTavrinDocument* ReadUSDFile(CTavrinString path, CTavrinString folder);
+
+    // A copy of source at a fixed ASCII path, for paths USD cannot be given.
+    std::string MakeTemporaryCopy(const CTavrinString& source);
+    // Sets unpackFolder and unpacks source into it when it is a zip package.
+    void UnpackToTemporaryFolder(const CTavrinString& source);
+
+    // Prims to nodes.
+    void ReadPrim(const PXR_NS::UsdPrim& prim, CTavrinSceneNode* parentNode);
+    void ReadTransform(const PXR_NS::UsdGeomXformable& xformable, CTavrinSceneNode* node,
+                       CTavrinSceneNode* parentNode, const std::string& name);
+    // USD's row-vector matrix as a host column-vector matrix.
+    CTavrinMatrix ConvertMatrix(const PXR_NS::GfMatrix4d& matrix) const;
+
+    // Meshes: the per-mesh routine (skeleton, material, geometry) and the
+    // geometry itself.
+    void ReadMeshObject(const PXR_NS::UsdGeomMesh& mesh, CTavrin3DObject* node);
+    void ReadMeshGeometry(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,
+                          CTavrin3DObject* object);
+
+    // Materials: true when prim's direct binding names at least one material.
+    bool ReadMaterialBinding(const PXR_NS::UsdPrim& prim, CTavrinBasicGeneralMaterial* basicMaterial,
+                             CTavrinString* name);
+    void ReadPreviewSurface(const PXR_NS::UsdShadeMaterial& material,
+                            CTavrinBasicGeneralMaterial* basicMaterial);
+    // The texture file a connected shader names, copied into textureFolder;
+    // empty when the shader names none.
+    CTavrinTexture ReadTexture(const PXR_NS::UsdShadeShader& shader);
+
+    // Skeletons and animation.
+    void ReadSkeletonBinding(const PXR_NS::UsdPrim& meshPrim);
+    void ReadSkeleton(const PXR_NS::UsdSkelSkeleton& skeleton);
+    void ReadSkeletalAnimation(const PXR_NS::UsdSkelAnimation& animation);
+    void ReadTransformAnimation(const PXR_NS::UsdGeomXformable& xformable, CTavrinSceneNode* node,
+                                CTavrinSceneNode* parentNode);
+};
+
+} // namespace Tavrin
