@@ -85,7 +85,7 @@ FastSplit Split(int vertexCount, std::vector<int> corners, const std::vector<flo
 
 bool SameBits(const float* a, const float* b, int count)
 {
-    return std::memcmp(a, b, sizeof(float) * static_cast<std::size_t>(count)) == 0;
+    return count == 0 || std::memcmp(a, b, sizeof(float) * static_cast<std::size_t>(count)) == 0;
 }
 
 // The fast split and the reference agree on every corner, every copy's
@@ -102,7 +102,7 @@ void ExpectSameAsReference(int vertexCount, const std::vector<int>& corners, con
         const int index = vertexCount + static_cast<int>(i);
         ASSERT_EQ(fast.split.copies[i].source, reference.sourceOfCopy.at(index));
         const int corner = fast.split.copies[i].corner;
-        ASSERT_TRUE(SameBits(&keys[static_cast<std::size_t>(corner * keyLength)],
+        ASSERT_TRUE(SameBits(keys.data() + corner * keyLength,
                              reference.storedKeys.at(index).data(), keyLength));
     }
     ASSERT_EQ(fast.split.keyCornerOfVertex.size(), static_cast<std::size_t>(vertexCount));
@@ -111,7 +111,7 @@ void ExpectSameAsReference(int vertexCount, const std::vector<int>& corners, con
         const auto stored = reference.storedKeys.find(vertex);
         ASSERT_EQ(corner >= 0, stored != reference.storedKeys.end()) << "vertex " << vertex;
         if (corner >= 0) {
-            ASSERT_TRUE(SameBits(&keys[static_cast<std::size_t>(corner * keyLength)], stored->second.data(),
+            ASSERT_TRUE(SameBits(keys.data() + corner * keyLength, stored->second.data(),
                                  keyLength));
         }
     }
