@@ -56,10 +56,10 @@ std::int64_t CellOf(float value)
     return static_cast<std::int64_t>(std::floor(value / kCellSize));
 }
 
-bool AllFinite(const float* key, int keyLength)
+bool AllFinite(const CTavrinCornerKeys& keys, std::size_t corner)
 {
-    for (int i = 0; i < keyLength; ++i) {
-        if (!std::isfinite(key[i]))
+    for (int i = 0; i < keys.Length(); ++i) {
+        if (!std::isfinite(keys.Component(corner, i)))
             return false;
     }
     return true;
@@ -69,9 +69,8 @@ bool AllFinite(const float* key, int keyLength)
 // own instead of one list of every copy of the mesh.
 class CFaceVaryingSplitter {
 public:
-    CFaceVaryingSplitter(int vertexCount, const float* keys, int keyLength,
-                         CTavrinFaceVaryingSplit& split)
-        : m_vertexCount(vertexCount), m_keys(keys), m_keyLength(keyLength), m_split(split),
+    CFaceVaryingSplitter(int vertexCount, const CTavrinCornerKeys& keys, CTavrinFaceVaryingSplit& split)
+        : m_vertexCount(vertexCount), m_keys(keys), m_keyLength(keys.Length()), m_split(split),
           m_chains(static_cast<std::size_t>(vertexCount))
     {
         m_split.keyCornerOfVertex.assign(static_cast<std::size_t>(vertexCount), -1);
@@ -85,10 +84,10 @@ public:
             keyCorner = corner;
             return vertex;
         }
-        const float* key = KeyOfCorner(corner);
+        const std::size_t key = static_cast<std::size_t>(corner);
         const Chain& chain = m_chains[static_cast<std::size_t>(vertex)];
         if (chain.length == 0) {
-            if (FaceVaryingKeysMatch(KeyOf(vertex), key, m_keyLength))
+            if (m_keys.Match(KeyOf(vertex), key))
                 return vertex;
         } else {
             const int found =
@@ -106,25 +105,21 @@ private:
         int length = 0;
     };
 
-    const float* KeyOfCorner(int corner) const
-    {
-        return m_keys + static_cast<std::size_t>(corner) * static_cast<std::size_t>(m_keyLength);
-    }
-
-    const float* KeyOf(int index) const
+    // The corner whose key a vertex or copy carries.
+    std::size_t KeyOf(int index) const
     {
         const int corner = index < m_vertexCount
                                ? m_split.keyCornerOfVertex[static_cast<std::size_t>(index)]
                                : m_split.copies[CopySlot(index)].corner;
-        return KeyOfCorner(corner);
+        return static_cast<std::size_t>(corner);
     }
 
     std::size_t CopySlot(int index) const { return static_cast<std::size_t>(index - m_vertexCount); }
 
-    int ScanChain(int copy, const float* key) const
+    int ScanChain(int copy, std::size_t key) const
     {
         for (; copy >= 0; copy = m_nextCopy[CopySlot(copy)]) {
-            if (FaceVaryingKeysMatch(KeyOf(copy), key, m_keyLength))
+            if (m_keys.Match(KeyOf(copy), key))
                 return copy;
         }
         return -1;
@@ -163,32 +158,31 @@ private:
     // Keys with an infinite or NaN component never match: not indexed.
     void InsertIntoGrid(int vertex, int copy)
     {
-        const float* key = KeyOf(copy);
-        if (m_keyLength > kMaxGridKeyLength || !AllFinite(key, m_keyLength))
+        const std::size_t key = KeyOf(copy);
+        if (!AllFinite(m_keys, key))
             return;
         std::array<std::int64_t, kMaxGridKeyLength> cells{};
         for (int i = 0; i < m_keyLength; ++i)
-            cells[static_cast<std::size_t>(i)] = CellOf(key[i]);
+            cells[static_cast<std::size_t>(i)] = CellOf(m_keys.Component(key, i));
         m_grid[CellHash(vertex, cells.data())].push_back(copy);
     }
 
     // The first copy in chain order (the lowest index) that matches, among
     // the copies in the cells around the key. Hash collisions only add
     // candidates, which the owner and match tests weed out.
-    int SearchGrid(int vertex, const float* key) const
+    int SearchGrid(int vertex, std::size_t key) const
     {
-        if (m_keyLength > kMaxGridKeyLength)
-            return ScanChain(m_chains[static_cast<std::size_t>(vertex)].first, key);
-        if (!AllFinite(key, m_keyLength))
+        if (!AllFinite(m_keys, key))
             return -1;
         std::array<std::int64_t, kMaxGridKeyLength> lowest{};
         std::array<std::int64_t, kMaxGridKeyLength> highest{};
         for (int i = 0; i < m_keyLength; ++i) {
             const auto slot = static_cast<std::size_t>(i);
-            if (std::fabs(key[i]) >= kExactRange) {
-                lowest[slot] = highest[slot] = ExactCell(key[i]);
+            const float value = m_keys.Component(key, i);
+            if (std::fabs(value) >= kExactRange) {
+                lowest[slot] = highest[slot] = ExactCell(value);
             } else {
-                const double position = key[i] / kCellSize;
+                const double position = value / kCellSize;
                 lowest[slot] = static_cast<std::int64_t>(std::floor(position - 0.5 - kCellMargin));
                 highest[slot] = static_cast<std::int64_t>(std::floor(position + 0.5 + kCellMargin));
             }
@@ -200,7 +194,7 @@ private:
             if (bucket != m_grid.end()) {
                 for (const int copy : bucket->second) {
                     if ((best < 0 || copy < best) && m_ownerOfCopy[CopySlot(copy)] == vertex &&
-                        FaceVaryingKeysMatch(KeyOf(copy), key, m_keyLength))
+                        m_keys.Match(KeyOf(copy), key))
                         best = copy;
                 }
             }
@@ -220,7 +214,7 @@ private:
     }
 
     int m_vertexCount;
-    const float* m_keys;
+    const CTavrinCornerKeys& m_keys;
     int m_keyLength;
     CTavrinFaceVaryingSplit& m_split;
     std::vector<Chain> m_chains;   // per vertex
@@ -241,17 +235,24 @@ bool FaceVaryingKeysMatch(const float* a, const float* b, int keyLength)
     return true;
 }
 
+bool CTavrinCornerKeys::Match(std::size_t cornerA, std::size_t cornerB) const
+{
+    return (!normals || FaceVaryingKeysMatch(normals + cornerA * 3, normals + cornerB * 3, 3)) &&
+           (!coordinates ||
+            FaceVaryingKeysMatch(coordinates + cornerA * 2, coordinates + cornerB * 2, 2));
+}
+
 CTavrinFaceVaryingSplit SplitFaceVaryingCorners(int vertexCount, int* cornerVertices,
-                                                std::size_t cornerCount, const float* keys,
-                                                int keyLength)
+                                                std::size_t cornerCount,
+                                                const CTavrinCornerKeys& keys)
 {
     CTavrinFaceVaryingSplit split;
     // Copies are numbered as int after every vertex: a corner count that
     // could number past INT_MAX (or a nonsensical argument) splits nothing.
-    if (vertexCount < 0 || keyLength < 0 ||
+    if (vertexCount < 0 ||
         cornerCount > static_cast<std::size_t>(INT_MAX - vertexCount))
         return split;
-    CFaceVaryingSplitter splitter(vertexCount, keys, keyLength, split);
+    CFaceVaryingSplitter splitter(vertexCount, keys, split);
     for (std::size_t corner = 0; corner < cornerCount; ++corner) {
         const int vertex = cornerVertices[corner];
         if (vertex < 0 || vertex >= vertexCount)

@@ -26,6 +26,23 @@ namespace Tavrin {
 // hash grid of tolerance-sized cells: expected linear time overall.
 constexpr float kFaceVaryingKeyTolerance = 0.005f;
 
+// The key of every corner, read in place from the face-varying arrays: a
+// normal (3 floats per corner) and/or a texture coordinate (2 floats per
+// corner), in that order. Without either, every key is empty and all match.
+struct CTavrinCornerKeys {
+    const float* normals = nullptr;
+    const float* coordinates = nullptr;
+
+    int NormalLength() const { return normals ? 3 : 0; }
+    int Length() const { return NormalLength() + (coordinates ? 2 : 0); }
+    float Component(std::size_t corner, int i) const
+    {
+        return i < NormalLength() ? normals[corner * 3 + static_cast<std::size_t>(i)]
+                                  : coordinates[corner * 2 + static_cast<std::size_t>(i - NormalLength())];
+    }
+    bool Match(std::size_t cornerA, std::size_t cornerB) const;
+};
+
 struct CTavrinFaceVaryingSplit {
     struct Copy {
         int source; // the vertex or copy that the copy was split from
@@ -40,11 +57,11 @@ struct CTavrinFaceVaryingSplit {
 };
 
 // cornerVertices: cornerCount vertex indices, each in [0, vertexCount),
-// re-pointed in place to the copies. keys: keyLength floats per corner.
+// re-pointed in place to the copies; keys: one per corner.
 // Corners naming a vertex outside the range are left alone and make no key.
 CTavrinFaceVaryingSplit SplitFaceVaryingCorners(int vertexCount, int* cornerVertices,
-                                                std::size_t cornerCount, const float* keys,
-                                                int keyLength);
+                                                std::size_t cornerCount,
+                                                const CTavrinCornerKeys& keys);
 
 // The match of two keys of keyLength floats.
 bool FaceVaryingKeysMatch(const float* a, const float* b, int keyLength);

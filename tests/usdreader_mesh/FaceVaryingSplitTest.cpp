@@ -75,10 +75,24 @@ struct FastSplit {
     CTavrinFaceVaryingSplit split;
 };
 
+// Keys of length 2 are coordinates, 3 normals, 5 a normal and a coordinate.
 FastSplit Split(int vertexCount, std::vector<int> corners, const std::vector<float>& keys, int keyLength)
 {
+    std::vector<float> normals;
+    std::vector<float> coordinates;
+    const int normalLength = keyLength >= 3 ? 3 : 0;
+    for (std::size_t corner = 0; corner < corners.size(); ++corner) {
+        const auto key = keys.begin() + static_cast<long>(corner) * keyLength;
+        normals.insert(normals.end(), key, key + normalLength);
+        coordinates.insert(coordinates.end(), key + normalLength, key + keyLength);
+    }
+    Tavrin::CTavrinCornerKeys cornerKeys;
+    if (normalLength > 0)
+        cornerKeys.normals = normals.data();
+    if (keyLength != normalLength)
+        cornerKeys.coordinates = coordinates.data();
     FastSplit result;
-    result.split = SplitFaceVaryingCorners(vertexCount, corners.data(), corners.size(), keys.data(), keyLength);
+    result.split = SplitFaceVaryingCorners(vertexCount, corners.data(), corners.size(), cornerKeys);
     result.corners = std::move(corners);
     return result;
 }
@@ -171,9 +185,9 @@ void RunRandomCase(unsigned seed, int vertexCount, int cornerCount, int keyLengt
 
 TEST(FaceVaryingSplitNumbering, FirstCornerKeepsTheVertexAndCopiesFollowInCornerOrder)
 {
-    // Two vertices, keys (1D): vertex 0 sees 1, 2, 1; vertex 1 sees 5, 5.
-    const std::vector<float> keys = {1.0f, 5.0f, 2.0f, 5.0f, 1.0f};
-    const FastSplit fast = Split(2, {0, 1, 0, 1, 0}, keys, 1);
+    // Two vertices, coordinate keys: vertex 0 sees A, B, A; vertex 1 sees C, C.
+    const std::vector<float> keys = {1, 0, 5, 0, 2, 0, 5, 0, 1, 0};
+    const FastSplit fast = Split(2, {0, 1, 0, 1, 0}, keys, 2);
     // The third key of vertex 0 equals its own, but it has a copy by then,
     // so only the copy is compared: a second copy.
     EXPECT_EQ(fast.corners, (std::vector<int>{0, 1, 2, 1, 3}));
@@ -188,20 +202,20 @@ TEST(FaceVaryingSplitNumbering, FirstCornerKeepsTheVertexAndCopiesFollowInCorner
 
 TEST(FaceVaryingSplitNumbering, ACornerGoesToTheFirstMatchingCopy)
 {
-    // Copies carry 0 and 0.006; 0.003 is within tolerance of both and goes
-    // to the older one.
-    const std::vector<float> keys = {1.0f, 0.0f, 0.006f, 0.003f};
-    const FastSplit fast = Split(1, {0, 0, 0, 0}, keys, 1);
+    // Copies carry U = 0 and U = 0.006; U = 0.003 is within tolerance of
+    // both and goes to the older one.
+    const std::vector<float> keys = {1, 0, 0, 0, 0.006f, 0, 0.003f, 0};
+    const FastSplit fast = Split(1, {0, 0, 0, 0}, keys, 2);
     EXPECT_EQ(fast.corners, (std::vector<int>{0, 1, 2, 1}));
 }
 
 TEST(FaceVaryingSplitNumbering, ToleranceIsStrictlyBelowFiveThousandths)
 {
-    const FastSplit near = Split(1, {0, 0}, {0.0f, 0.004f}, 1);
+    const FastSplit near = Split(1, {0, 0}, {0, 0, 0, 0, 0.004f, 0}, 3);
     EXPECT_EQ(near.corners, (std::vector<int>{0, 0}));
     EXPECT_TRUE(near.split.copies.empty());
 
-    const FastSplit far = Split(1, {0, 0}, {0.0f, 0.005f}, 1);
+    const FastSplit far = Split(1, {0, 0}, {0, 0, 0, 0, 0.005f, 0}, 3);
     EXPECT_EQ(far.corners, (std::vector<int>{0, 1}));
 }
 
@@ -217,7 +231,7 @@ TEST(FaceVaryingSplitNumbering, EveryComponentMustBeWithinTolerance)
 TEST(FaceVaryingSplitNumbering, NaNNeverMatchesItself)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
-    const FastSplit fast = Split(1, {0, 0, 0}, {nan, nan, nan}, 1);
+    const FastSplit fast = Split(1, {0, 0, 0}, {nan, 0, nan, 0, nan, 0}, 2);
     EXPECT_EQ(fast.corners, (std::vector<int>{0, 1, 2}));
 }
 
@@ -265,7 +279,7 @@ TEST(FaceVaryingSplitNumbering, CubeWithOneNormalPerFaceBecomesTwentyFourVertice
 
 TEST(FaceVaryingSplitNumbering, CornersOutsideTheVerticesAreLeftAlone)
 {
-    const FastSplit fast = Split(2, {-1, 0, 7, 0}, {1.0f, 1.0f, 2.0f, 2.0f}, 1);
+    const FastSplit fast = Split(2, {-1, 0, 7, 0}, {1, 0, 1, 0, 2, 0, 2, 0}, 2);
     EXPECT_EQ(fast.corners, (std::vector<int>{-1, 0, 7, 2}));
 }
 
