@@ -1,0 +1,45 @@
+#pragma once
+// The application's service objects that a plug-in is handed when it is
+// loaded (evaluators, factories, the undo manager...). The application owns
+// them and installs its pointers through the plug-in's root; the document
+// model only keeps the pointers, so that the plug-in's static accessors
+// answer with the application's objects. Nothing is installed until the
+// application does so: the accessors then answer null.
+
+// Every service installed through a static SetInstance, once.
+#define TAVRIN_APPLICATION_SERVICES(X) \
+    X(CTavrinEvaluator)                \
+    X(CTavrinBSplineEvaluater)         \
+    X(CTavrinPolygonTriangulator)      \
+    X(CTavrin3DTextGeometryGenerator)  \
+    X(CTavrinArchivableFactory)        \
+    X(CTavrinCreator)                  \
+    X(CTavrinEventWatcher)             \
+    X(CTavrinTablesCreator)            \
+    X(CTavrinSystemHandler)            \
+    X(CTavrinUtf8Evaluater)            \
+    X(CTavrinBooleanOperationsUtilityBase)
+
+namespace Tavrin {
+
+#define TAVRIN_DECLARE_APPLICATION_SERVICE(Service)      \
+    class Service {                                      \
+    public:                                              \
+        virtual ~Service() = default;                    \
+        static Service* GetInstance();                   \
+        /* Not owned: installing another one, or null, */ \
+        /* leaves the previous one to the application. */ \
+        static void SetInstance(Service* instance);      \
+    };
+TAVRIN_APPLICATION_SERVICES(TAVRIN_DECLARE_APPLICATION_SERVICE)
+#undef TAVRIN_DECLARE_APPLICATION_SERVICE
+
+// The undo manager spells its installer in lower camel case.
+class CTavrinUndoManager {
+public:
+    virtual ~CTavrinUndoManager() = default;
+    static CTavrinUndoManager* instance();
+    static void setInstance(CTavrinUndoManager* manager);
+};
+
+} // namespace Tavrin
