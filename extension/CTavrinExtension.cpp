@@ -1,0 +1,8 @@
+#include "extension/CTavrinExtension.h"
+
+#include "extension/CTavrinExtensionRegistry.h"
+
+CTavrinExtension::CTavrinExtension()
+{
+    CTavrinExtensionRegistry::Instance().RegisterExtension(this);
+}
