@@ -5,6 +5,7 @@
 #include "usdcore/usd/interpolation.h"
 #include "usdcore/usd/primData.h"
 #include "usdcore/usd/relationship.h"
+#include "usdcore/usd/schemaRegistry.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,6 +17,8 @@ struct UsdAttribute::_Resolution {
     const SdfTimeSampleMap* samples = nullptr;
     /// Maps the deciding layer's times to the stage's.
     SdfLayerOffset offset;
+    /// A value block decided: no value, not even the schema's fallback.
+    bool blocked = false;
 };
 
 namespace {
@@ -71,7 +74,11 @@ UsdAttribute::_Resolution UsdAttribute::_Resolve(bool numericTime) const
         }
         const VtValue* value = Usd_FindField(fields, SdfFieldKeys->Default);
         if (!value) return true;
-        if (!IsBlock(*value)) resolution.defaultValue = value;
+        if (IsBlock(*value)) {
+            resolution.blocked = true;
+        } else {
+            resolution.defaultValue = value;
+        }
         return false;
     });
     return resolution;
@@ -87,7 +94,24 @@ bool UsdAttribute::Get(VtValue* value, UsdTimeCode time) const
         *value = *resolution.defaultValue;
         return true;
     }
-    return false;
+    if (resolution.blocked) return false;
+    const Usd_BuiltinAttribute* builtin = _GetBuiltinAttribute();
+    if (!builtin || builtin->fallback.IsEmpty()) return false;
+    *value = builtin->fallback;
+    return true;
+}
+
+bool UsdAttribute::HasValue() const
+{
+    const _Resolution resolution = _Resolve(true);
+    if (resolution.samples || resolution.defaultValue) return true;
+    return !resolution.blocked && HasFallbackValue();
+}
+
+bool UsdAttribute::HasFallbackValue() const
+{
+    const Usd_BuiltinAttribute* builtin = _GetBuiltinAttribute();
+    return builtin && !builtin->fallback.IsEmpty();
 }
 
 void UsdAttribute::_ReportTypeMismatch(const VtValue& held, const char* wanted) const
@@ -146,8 +170,11 @@ bool UsdAttribute::HasAuthoredValue() const
 SdfValueTypeName UsdAttribute::GetTypeName() const
 {
     TfToken typeName;
-    GetMetadata(SdfFieldKeys->TypeName, &typeName);
-    return typeName.IsEmpty() ? SdfValueTypeName() : SdfSchema::GetInstance().FindType(typeName);
+    if (GetMetadata(SdfFieldKeys->TypeName, &typeName) && !typeName.IsEmpty()) {
+        return SdfSchema::GetInstance().FindType(typeName);
+    }
+    const Usd_BuiltinAttribute* builtin = _GetBuiltinAttribute();
+    return builtin ? builtin->typeName : SdfValueTypeName();
 }
 
 TfToken UsdAttribute::GetRoleName() const
@@ -158,8 +185,9 @@ TfToken UsdAttribute::GetRoleName() const
 SdfVariability UsdAttribute::GetVariability() const
 {
     SdfVariability variability = SdfVariabilityVarying;
-    GetMetadata(SdfFieldKeys->Variability, &variability);
-    return variability;
+    if (GetMetadata(SdfFieldKeys->Variability, &variability)) return variability;
+    const Usd_BuiltinAttribute* builtin = _GetBuiltinAttribute();
+    return builtin ? builtin->variability : variability;
 }
 
 bool UsdAttribute::GetConnections(SdfPathVector* sources) const

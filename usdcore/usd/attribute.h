@@ -31,8 +31,9 @@ public:
     /// The value at \p time: at a sample's time that sample; between two
     /// samples a blend of floating-point values (or the earlier sample for
     /// other types); before the first and after the last sample, the end
-    /// sample. False when nothing is authored, the value is blocked, or (for
-    /// the typed form) it holds another type.
+    /// sample. Without authored opinions, the fallback value of the prim's
+    /// schema. False when there is none of these, the value is blocked, or
+    /// (for the typed form) it holds another type.
     bool Get(VtValue* value, UsdTimeCode time = UsdTimeCode::Default()) const;
     template <class T>
     bool Get(T* value, UsdTimeCode time = UsdTimeCode::Default()) const
@@ -56,9 +57,10 @@ public:
     /// A default or samples decide the value (not blocked).
     bool HasAuthoredValue() const;
     bool HasAuthoredValueOpinion() const { return HasAuthoredValue(); }
-    /// Without schema fallbacks, the same as HasAuthoredValue.
-    bool HasValue() const { return HasAuthoredValue(); }
-    bool HasFallbackValue() const { return false; }
+    /// An authored value or the schema's fallback decides (not blocked).
+    bool HasValue() const;
+    /// The prim's schema gives this attribute a fallback value.
+    bool HasFallbackValue() const;
 
     /// The attribute's connections, composed over its specs and mapped to
     /// the stage's namespace.

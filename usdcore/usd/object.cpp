@@ -2,6 +2,7 @@
 
 #include "usdcore/sdf/schema.h"
 #include "usdcore/usd/prim.h"
+#include "usdcore/usd/schemaRegistry.h"
 #include "usdcore/usd/stage.h"
 #include "usdcore/vt/dictionary.h"
 
@@ -59,13 +60,25 @@ bool UsdObject::IsValid() const
     return false;
 }
 
-SdfSpecType UsdObject::_GetDefiningSpecType() const
+SdfSpecType UsdObject::_GetAuthoredSpecType() const
 {
     for (const Usd_Opinion* opinion = _prim->OpinionsBegin(); opinion != _prim->OpinionsEnd(); ++opinion) {
         const SdfSpecType specType = opinion->layer->GetSpecType(opinion->path.AppendProperty(_propName));
         if (specType != SdfSpecTypeUnknown) return specType;
     }
     return SdfSpecTypeUnknown;
+}
+
+SdfSpecType UsdObject::_GetDefiningSpecType() const
+{
+    const SdfSpecType authored = _GetAuthoredSpecType();
+    if (authored != SdfSpecTypeUnknown) return authored;
+    return _GetBuiltinAttribute() ? SdfSpecTypeAttribute : SdfSpecTypeUnknown;
+}
+
+const Usd_BuiltinAttribute* UsdObject::_GetBuiltinAttribute() const
+{
+    return _prim ? Usd_FindBuiltinAttribute(_prim->typeName, _propName) : nullptr;
 }
 
 UsdStageWeakPtr UsdObject::GetStage() const

@@ -14,6 +14,7 @@
 PXR_NAMESPACE_OPEN_SCOPE
 
 class UsdPrim;
+struct Usd_BuiltinAttribute;
 
 enum UsdObjType {
     UsdTypeObject,
@@ -76,8 +77,14 @@ protected:
     {
     }
 
-    /// Attribute or relationship, as this property's strongest opinion says.
+    /// Attribute or relationship, as this property's strongest opinion
+    /// says; an attribute for an unauthored one the prim's schema defines.
     SdfSpecType _GetDefiningSpecType() const;
+    /// Attribute or relationship, as the strongest opinion says; unknown
+    /// when no layer has an opinion.
+    SdfSpecType _GetAuthoredSpecType() const;
+    /// The schema's definition of this attribute, or null.
+    const Usd_BuiltinAttribute* _GetBuiltinAttribute() const;
 
     /// Calls \p fn(opinion, fields) for each spec of this object, strongest
     /// first, until it returns false.

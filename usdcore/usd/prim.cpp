@@ -4,6 +4,7 @@
 #include "usdcore/sdf/schema.h"
 #include "usdcore/usd/nameOrder.h"
 #include "usdcore/usd/primData.h"
+#include "usdcore/usd/schemaRegistry.h"
 
 #include <algorithm>
 
@@ -15,6 +16,13 @@ const TfToken& ApiSchemasKey()
 {
     static const TfToken key("apiSchemas");
     return key;
+}
+
+// "primvars" and "primvars:" both name the namespace "primvars:".
+std::string NamespacePrefix(const std::string& namespaces)
+{
+    if (namespaces.empty() || namespaces.back() == ':') return namespaces;
+    return namespaces + ':';
 }
 
 } // namespace
@@ -90,15 +98,29 @@ bool UsdPrim::HasAPI(const TfToken& schemaIdentifier) const
     return std::find(schemas.begin(), schemas.end(), schemaIdentifier) != schemas.end();
 }
 
-std::vector<TfToken> UsdPrim::GetPropertyNames() const
+bool UsdPrim::IsA(const TfToken& schemaIdentifier) const
+{
+    return _prim && Usd_SchemaTypeIsA(_prim->typeName, schemaIdentifier);
+}
+
+std::vector<TfToken> UsdPrim::_GetPropertyNames(bool onlyAuthored, const std::string& prefix) const
 {
     std::vector<TfToken> names;
     if (!_prim) return names;
+    const auto inNamespace = [&prefix](const TfToken& name) {
+        return name.GetString().compare(0, prefix.size(), prefix) == 0;
+    };
     for (const Usd_Opinion* opinion = _prim->OpinionsBegin(); opinion != _prim->OpinionsEnd(); ++opinion) {
         const VtValue* value = Usd_FindField(*opinion->fields, SdfChildrenKeys->PropertyChildren);
         if (value && value->IsHolding<std::vector<TfToken>>()) {
-            const std::vector<TfToken>& authored = value->UncheckedGet<std::vector<TfToken>>();
-            names.insert(names.end(), authored.begin(), authored.end());
+            for (const TfToken& name : value->UncheckedGet<std::vector<TfToken>>()) {
+                if (inNamespace(name)) names.push_back(name);
+            }
+        }
+    }
+    if (!onlyAuthored) {
+        for (const Usd_BuiltinAttribute* builtin : Usd_GetBuiltinAttributes(_prim->typeName)) {
+            if (inNamespace(builtin->name)) names.push_back(builtin->name);
         }
     }
     // Identical tokens are adjacent after sorting by text, whatever the
@@ -123,20 +145,29 @@ std::vector<SdfSpecType> UsdPrim::_GetPropertyTypes(const std::vector<TfToken>& 
     return types;
 }
 
-std::vector<UsdProperty> UsdPrim::GetProperties() const
+std::vector<UsdProperty> UsdPrim::_MakeProperties(const std::vector<TfToken>& names) const
 {
     std::vector<UsdProperty> properties;
-    for (const TfToken& name : GetPropertyNames()) {
+    for (const TfToken& name : names) {
         UsdProperty property(UsdTypeProperty, _prim, name);
         if (property.IsValid()) properties.push_back(property);
     }
     return properties;
 }
 
-std::vector<UsdAttribute> UsdPrim::GetAttributes() const
+std::vector<UsdProperty> UsdPrim::GetPropertiesInNamespace(const std::string& namespaces) const
+{
+    return _MakeProperties(_GetPropertyNames(false, NamespacePrefix(namespaces)));
+}
+
+std::vector<UsdProperty> UsdPrim::GetAuthoredPropertiesInNamespace(const std::string& namespaces) const
+{
+    return _MakeProperties(_GetPropertyNames(true, NamespacePrefix(namespaces)));
+}
+
+std::vector<UsdAttribute> UsdPrim::_MakeAttributes(const std::vector<TfToken>& names) const
 {
     std::vector<UsdAttribute> attributes;
-    const std::vector<TfToken> names = GetPropertyNames();
     const std::vector<SdfSpecType> types = _GetPropertyTypes(names);
     for (size_t i = 0; i < names.size(); ++i) {
         if (types[i] == SdfSpecTypeAttribute) attributes.push_back(UsdAttribute(_prim, names[i]));

@@ -10,6 +10,7 @@
 #include "usdcore/usd/relationship.h"
 
 #include <iterator>
+#include <string>
 #include <vector>
 
 PXR_NAMESPACE_OPEN_SCOPE
@@ -54,14 +55,31 @@ public:
     /// instance name "CollectionAPI:lights") is applied.
     bool HasAPI(const TfToken& schemaIdentifier) const;
 
-    /// Authored property names in dictionary order ("a2" before "a10",
-    /// case ignored unless the names differ by case alone).
-    std::vector<TfToken> GetPropertyNames() const;
-    std::vector<TfToken> GetAuthoredPropertyNames() const { return GetPropertyNames(); }
-    std::vector<UsdProperty> GetProperties() const;
-    std::vector<UsdProperty> GetAuthoredProperties() const { return GetProperties(); }
-    std::vector<UsdAttribute> GetAttributes() const;
-    std::vector<UsdAttribute> GetAuthoredAttributes() const { return GetAttributes(); }
+    /// True when the prim's type is the typed schema \p schemaIdentifier
+    /// ("Xformable") or derives from it.
+    bool IsA(const TfToken& schemaIdentifier) const;
+    /// True when the prim's type is schema class \p T's type or derives
+    /// from it.
+    template <class T>
+    bool IsA() const
+    {
+        return IsA(T::_GetStaticTypeName());
+    }
+
+    /// Property names in dictionary order ("a2" before "a10", case ignored
+    /// unless the names differ by case alone): the authored ones and those
+    /// the prim's schema defines.
+    std::vector<TfToken> GetPropertyNames() const { return _GetPropertyNames(false, std::string()); }
+    /// Only the properties some layer authors, in the same order.
+    std::vector<TfToken> GetAuthoredPropertyNames() const { return _GetPropertyNames(true, std::string()); }
+    std::vector<UsdProperty> GetProperties() const { return _MakeProperties(GetPropertyNames()); }
+    std::vector<UsdProperty> GetAuthoredProperties() const { return _MakeProperties(GetAuthoredPropertyNames()); }
+    /// The properties whose names lie in \p namespaces ("primvars" or
+    /// "primvars:"), in the same order.
+    std::vector<UsdProperty> GetPropertiesInNamespace(const std::string& namespaces) const;
+    std::vector<UsdProperty> GetAuthoredPropertiesInNamespace(const std::string& namespaces) const;
+    std::vector<UsdAttribute> GetAttributes() const { return _MakeAttributes(GetPropertyNames()); }
+    std::vector<UsdAttribute> GetAuthoredAttributes() const { return _MakeAttributes(GetAuthoredPropertyNames()); }
     std::vector<UsdRelationship> GetRelationships() const;
     std::vector<UsdRelationship> GetAuthoredRelationships() const { return GetRelationships(); }
 
@@ -81,7 +99,10 @@ private:
     friend class UsdPrimSiblingIterator;
     explicit UsdPrim(const Usd_PrimData* prim) : UsdObject(prim ? UsdTypePrim : UsdTypeObject, prim) {}
 
+    std::vector<TfToken> _GetPropertyNames(bool onlyAuthored, const std::string& prefix) const;
     std::vector<SdfSpecType> _GetPropertyTypes(const std::vector<TfToken>& names) const;
+    std::vector<UsdProperty> _MakeProperties(const std::vector<TfToken>& names) const;
+    std::vector<UsdAttribute> _MakeAttributes(const std::vector<TfToken>& names) const;
 };
 
 /// Walks siblings that pass a predicate.

@@ -29,6 +29,11 @@ bool UsdProperty::IsDefined() const
     return _prim && _GetDefiningSpecType() != SdfSpecTypeUnknown;
 }
 
+bool UsdProperty::IsAuthored() const
+{
+    return _prim && _GetAuthoredSpecType() != SdfSpecTypeUnknown;
+}
+
 bool UsdProperty::IsCustom() const
 {
     bool custom = false;

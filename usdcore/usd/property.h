@@ -20,9 +20,11 @@ public:
     TfToken GetNamespace() const;
     std::vector<std::string> SplitName() const;
 
-    /// True when some layer has a spec for the property.
+    /// True when some layer has an opinion about the property, or the prim's
+    /// schema defines it.
     bool IsDefined() const;
-    bool IsAuthored() const { return IsDefined(); }
+    /// True when some layer has an opinion about the property.
+    bool IsAuthored() const;
     bool IsCustom() const;
 
 protected:

@@ -11,6 +11,9 @@ list(APPEND USDCORE_SOURCES
   usd/primRange.cpp
   usd/property.cpp
   usd/relationship.cpp
+  usd/schemaBase.cpp
+  usd/schemaRegistry.cpp
   usd/stage.cpp
   usd/timeCode.cpp
+  usd/typed.cpp
 )

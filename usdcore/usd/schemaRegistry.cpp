@@ -1,0 +1,205 @@
+#include "usdcore/usd/schemaRegistry.h"
+
+#include "usdcore/sdf/schema.h"
+#include "usdcore/vt/types.h"
+
+#include <unordered_map>
+#include <utility>
+
+PXR_NAMESPACE_OPEN_SCOPE
+
+namespace {
+
+struct SchemaType {
+    const char* name;
+    /// The schema it derives from; empty for the root of the hierarchy.
+    const char* base;
+};
+
+// Every typed schema the stage knows, with the schema it derives from.
+constexpr SchemaType kSchemaTypes[] = {
+    {"Typed", ""},
+    // Geometry
+    {"Imageable", "Typed"},
+    {"Scope", "Imageable"},
+    {"Xformable", "Imageable"},
+    {"Xform", "Xformable"},
+    {"Camera", "Xformable"},
+    {"Boundable", "Xformable"},
+    {"PointInstancer", "Boundable"},
+    {"Gprim", "Boundable"},
+    {"Cube", "Gprim"},
+    {"Sphere", "Gprim"},
+    {"Cylinder", "Gprim"},
+    {"Cone", "Gprim"},
+    {"Capsule", "Gprim"},
+    {"PointBased", "Gprim"},
+    {"Mesh", "PointBased"},
+    {"Points", "PointBased"},
+    {"NurbsPatch", "PointBased"},
+    {"Curves", "PointBased"},
+    {"BasisCurves", "Curves"},
+    {"NurbsCurves", "Curves"},
+    {"GeomSubset", "Typed"},
+    // Shading
+    {"NodeGraph", "Typed"},
+    {"Material", "NodeGraph"},
+    {"Shader", "Typed"},
+    // Skeletons
+    {"SkelRoot", "Boundable"},
+    {"Skeleton", "Boundable"},
+    {"SkelAnimation", "Typed"},
+    {"BlendShape", "Typed"},
+    // Lights
+    {"Light", "Xformable"},
+    {"DistantLight", "Light"},
+    {"DomeLight", "Light"},
+    {"SphereLight", "Light"},
+    {"RectLight", "Light"},
+    {"DiskLight", "Light"},
+    {"CylinderLight", "Light"},
+    {"GeometryLight", "Light"},
+    {"LightFilter", "Xformable"},
+    {"LightPortal", "Xformable"},
+    // Volumes
+    {"Volume", "Gprim"},
+    {"FieldBase", "Xformable"},
+    {"FieldAsset", "FieldBase"},
+    {"OpenVDBAsset", "FieldAsset"},
+    {"Field3DAsset", "FieldAsset"},
+};
+
+struct AttributeRow {
+    const char* schema;
+    const char* name;
+    const char* typeName;
+    SdfVariability variability;
+    VtValue fallback;
+};
+
+VtValue Token(const char* text)
+{
+    return VtValue(TfToken(text));
+}
+
+const SdfVariability kUniform = SdfVariabilityUniform;
+const SdfVariability kVarying = SdfVariabilityVarying;
+
+// The attributes each typed schema defines, with the fallback values its
+// definition gives (none where the definition declares the attribute only).
+std::vector<AttributeRow> AttributeRows()
+{
+    return {
+        {"Imageable", "visibility", "token", kVarying, Token("inherited")},
+        {"Imageable", "purpose", "token", kUniform, Token("default")},
+        {"Xformable", "xformOpOrder", "token[]", kUniform, VtValue()},
+        {"Boundable", "extent", "float3[]", kVarying, VtValue()},
+        {"Gprim", "primvars:displayColor", "color3f[]", kVarying, VtValue()},
+        {"Gprim", "primvars:displayOpacity", "float[]", kVarying, VtValue()},
+        {"Gprim", "doubleSided", "bool", kUniform, VtValue(false)},
+        {"Gprim", "orientation", "token", kUniform, Token("rightHanded")},
+        {"PointBased", "points", "point3f[]", kVarying, VtValue()},
+        {"PointBased", "velocities", "vector3f[]", kVarying, VtValue()},
+        {"PointBased", "normals", "normal3f[]", kVarying, VtValue()},
+        {"Mesh", "faceVertexIndices", "int[]", kVarying, VtValue()},
+        {"Mesh", "faceVertexCounts", "int[]", kVarying, VtValue()},
+        {"Mesh", "subdivisionScheme", "token", kUniform, Token("catmullClark")},
+        {"Mesh", "interpolateBoundary", "token", kVarying, Token("edgeAndCorner")},
+        {"Mesh", "faceVaryingLinearInterpolation", "token", kVarying, Token("cornersPlus1")},
+        {"Mesh", "triangleSubdivisionRule", "token", kVarying, Token("catmullClark")},
+        {"Mesh", "holeIndices", "int[]", kVarying, VtValue(VtIntArray())},
+        {"Mesh", "cornerIndices", "int[]", kVarying, VtValue(VtIntArray())},
+        {"Mesh", "cornerSharpnesses", "float[]", kVarying, VtValue(VtFloatArray())},
+        {"Mesh", "creaseIndices", "int[]", kVarying, VtValue(VtIntArray())},
+        {"Mesh", "creaseLengths", "int[]", kVarying, VtValue(VtIntArray())},
+        {"Mesh", "creaseSharpnesses", "float[]", kVarying, VtValue(VtFloatArray())},
+        {"GeomSubset", "elementType", "token", kUniform, Token("face")},
+        {"GeomSubset", "indices", "int[]", kVarying, VtValue(VtIntArray())},
+        {"GeomSubset", "familyName", "token", kUniform, Token("")},
+    };
+}
+
+struct TypeInfo {
+    /// The type and the schemas it derives from, nearest first.
+    std::vector<TfToken> lineage;
+    std::vector<const Usd_BuiltinAttribute*> attributes;
+};
+
+class Registry
+{
+public:
+    Registry()
+    {
+        std::unordered_map<TfToken, TfToken, TfToken::HashFunctor> bases;
+        for (const SchemaType& type : kSchemaTypes) bases.emplace(TfToken(type.name), TfToken(type.base));
+
+        const std::vector<AttributeRow> rows = AttributeRows();
+        _attributes.reserve(rows.size());
+        std::unordered_map<TfToken, std::vector<const Usd_BuiltinAttribute*>, TfToken::HashFunctor> own;
+        for (const AttributeRow& row : rows) {
+            _attributes.push_back({TfToken(row.name), SdfSchema::GetInstance().FindType(row.typeName),
+                                   row.variability, row.fallback});
+            own[TfToken(row.schema)].push_back(&_attributes.back());
+        }
+
+        for (const auto& [name, base] : bases) {
+            TypeInfo& info = _types[name];
+            // The table is acyclic; the bound only guards against a row
+            // added by mistake that closes a loop.
+            for (TfToken type = name; !type.IsEmpty() && info.lineage.size() < bases.size();) {
+                info.lineage.push_back(type);
+                const auto found = own.find(type);
+                if (found != own.end()) {
+                    info.attributes.insert(info.attributes.end(), found->second.begin(), found->second.end());
+                }
+                const auto next = bases.find(type);
+                type = next == bases.end() ? TfToken() : next->second;
+            }
+        }
+    }
+
+    const TypeInfo* Find(const TfToken& typeName) const
+    {
+        const auto found = _types.find(typeName);
+        return found == _types.end() ? nullptr : &found->second;
+    }
+
+private:
+    std::vector<Usd_BuiltinAttribute> _attributes;
+    std::unordered_map<TfToken, TypeInfo, TfToken::HashFunctor> _types;
+};
+
+const Registry& GetRegistry()
+{
+    static const Registry registry;
+    return registry;
+}
+
+} // namespace
+
+bool Usd_SchemaTypeIsA(const TfToken& typeName, const TfToken& schemaTypeName)
+{
+    const TypeInfo* info = GetRegistry().Find(typeName);
+    if (!info) return false;
+    for (const TfToken& type : info->lineage) {
+        if (type == schemaTypeName) return true;
+    }
+    return false;
+}
+
+const std::vector<const Usd_BuiltinAttribute*>& Usd_GetBuiltinAttributes(const TfToken& typeName)
+{
+    static const std::vector<const Usd_BuiltinAttribute*> none;
+    const TypeInfo* info = GetRegistry().Find(typeName);
+    return info ? info->attributes : none;
+}
+
+const Usd_BuiltinAttribute* Usd_FindBuiltinAttribute(const TfToken& typeName, const TfToken& attrName)
+{
+    for (const Usd_BuiltinAttribute* attribute : Usd_GetBuiltinAttributes(typeName)) {
+        if (attribute->name == attrName) return attribute;
+    }
+    return nullptr;
+}
+
+PXR_NAMESPACE_CLOSE_SCOPE
