@@ -2,6 +2,7 @@
 
 #include "usdcore/pxr.h"
 #include "usdcore/usdGeom/boundable.h"
+#include "usdcore/usdGeom/primvar.h"
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -26,6 +27,8 @@ public:
     {
         return GetPrim().GetAttribute(UsdGeomTokens->primvarsDisplayOpacity);
     }
+    UsdGeomPrimvar GetDisplayColorPrimvar() const { return UsdGeomPrimvar(GetDisplayColorAttr()); }
+    UsdGeomPrimvar GetDisplayOpacityPrimvar() const { return UsdGeomPrimvar(GetDisplayOpacityAttr()); }
     /// uniform bool doubleSided = false.
     UsdAttribute GetDoubleSidedAttr() const { return GetPrim().GetAttribute(UsdGeomTokens->doubleSided); }
     /// uniform token orientation = "rightHanded" ("rightHanded", "leftHanded").

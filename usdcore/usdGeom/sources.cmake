@@ -5,6 +5,8 @@ list(APPEND USDCORE_SOURCES
   usdGeom/mesh.cpp
   usdGeom/metrics.cpp
   usdGeom/pointBased.cpp
+  usdGeom/primvar.cpp
+  usdGeom/primvarsAPI.cpp
   usdGeom/scope.cpp
   usdGeom/subset.cpp
   usdGeom/tokens.cpp
