@@ -12,4 +12,5 @@ list(APPEND USDCORE_SOURCES
   usdGeom/tokens.cpp
   usdGeom/xform.cpp
   usdGeom/xformable.cpp
+  usdGeom/xformOp.cpp
 )
