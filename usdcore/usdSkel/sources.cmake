@@ -1,0 +1,5 @@
+list(APPEND USDCORE_SOURCES
+  usdSkel/tokens.cpp
+  usdSkel/topology.cpp
+  usdSkel/utils.cpp
+)
