@@ -1,0 +1,7 @@
+#include "usdcore/usdShade/tokens.h"
+
+PXR_NAMESPACE_OPEN_SCOPE
+
+TF_DEFINE_PUBLIC_TOKENS(UsdShadeTokens, USDSHADE_TOKENS);
+
+PXR_NAMESPACE_CLOSE_SCOPE
