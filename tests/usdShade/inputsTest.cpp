@@ -208,6 +208,10 @@ def Shader "Bare"
     EXPECT_FALSE(fromAsset.GetShaderId(&id));
     const UsdShadeShader bare = UsdShadeShader::Get(stage, SdfPath("/Bare"));
     EXPECT_EQ(bare.GetImplementationSource(), UsdShadeTokens->id);
+    // The schema's fallback, with nothing authored.
+    TfToken source;
+    EXPECT_TRUE(bare.GetImplementationSourceAttr().Get(&source));
+    EXPECT_EQ(source, UsdShadeTokens->id);
     EXPECT_FALSE(bare.GetShaderId(&id));
     EXPECT_TRUE(bare.GetInputs().empty());
 }

@@ -160,7 +160,12 @@ TEST_F(SkelSchemas, SkeletonArraysAreIndexedByJoint)
 
 TEST_F(SkelSchemas, UnauthoredSkeletonArraysHaveNoValue)
 {
+    // The schema defines them, so they exist, without a value.
     const UsdSkelSkeleton other = UsdSkelSkeleton::Get(stage, SdfPath("/Character/Other"));
+    EXPECT_TRUE(other.GetJointsAttr());
+    EXPECT_TRUE(other.GetRestTransformsAttr());
+    EXPECT_FALSE(UsdSkelAnimation::Get(stage, SdfPath("/Character/Anim")).GetJointsAttr().HasAuthoredValue());
+    EXPECT_TRUE(UsdSkelAnimation::Get(stage, SdfPath("/Character/Anim")).GetScalesAttr());
     VtTokenArray joints;
     EXPECT_FALSE(other.GetJointsAttr().Get(&joints));
     VtMatrix4dArray bind;
@@ -230,6 +235,20 @@ TEST_F(SkelSchemas, InfluenceAttributesOfAMesh)
     ASSERT_TRUE(binding.GetBlendShapesAttr().Get(&shapes));
     EXPECT_THAT(shapes, ElementsAre(TfToken("smile")));
     EXPECT_TRUE(Prim("/Character/Group/Body").HasAPI(UsdSkelTokens->SkelBindingAPI));
+}
+
+TEST_F(SkelSchemas, InfluencesAsPrimvars)
+{
+    const UsdSkelBindingAPI binding(Prim("/Character/Group/Body"));
+    const UsdGeomPrimvar indices = binding.GetJointIndicesPrimvar();
+    ASSERT_TRUE(indices);
+    EXPECT_EQ(indices.GetPrimvarName(), TfToken("skel:jointIndices"));
+    EXPECT_EQ(indices.GetElementSize(), 2);
+    EXPECT_EQ(indices.GetInterpolation(), TfToken("vertex"));
+    VtFloatArray weights;
+    ASSERT_TRUE(binding.GetJointWeightsPrimvar().ComputeFlattened(&weights));
+    EXPECT_THAT(weights, ElementsAre(0.75f, 0.25f, 1.0f, 0.0f));
+    EXPECT_FALSE(UsdSkelBindingAPI(Prim("/Character/Group/Unbound")).GetJointIndicesPrimvar());
 }
 
 TEST_F(SkelSchemas, BlendShapeOffsets)

@@ -116,6 +116,21 @@ std::vector<AttributeRow> AttributeRows()
         {"GeomSubset", "elementType", "token", kUniform, Token("face")},
         {"GeomSubset", "indices", "int[]", kVarying, VtValue(VtIntArray())},
         {"GeomSubset", "familyName", "token", kUniform, Token("")},
+        {"Shader", "info:implementationSource", "token", kUniform, Token("id")},
+        {"Shader", "info:id", "token", kUniform, VtValue()},
+        {"Skeleton", "joints", "token[]", kUniform, VtValue()},
+        {"Skeleton", "jointNames", "token[]", kUniform, VtValue()},
+        {"Skeleton", "bindTransforms", "matrix4d[]", kUniform, VtValue()},
+        {"Skeleton", "restTransforms", "matrix4d[]", kUniform, VtValue()},
+        {"SkelAnimation", "joints", "token[]", kUniform, VtValue()},
+        {"SkelAnimation", "translations", "float3[]", kVarying, VtValue()},
+        {"SkelAnimation", "rotations", "quatf[]", kVarying, VtValue()},
+        {"SkelAnimation", "scales", "half3[]", kVarying, VtValue()},
+        {"SkelAnimation", "blendShapes", "token[]", kUniform, VtValue()},
+        {"SkelAnimation", "blendShapeWeights", "float[]", kVarying, VtValue()},
+        {"BlendShape", "offsets", "vector3f[]", kUniform, VtValue()},
+        {"BlendShape", "normalOffsets", "vector3f[]", kUniform, VtValue()},
+        {"BlendShape", "pointIndices", "int[]", kUniform, VtValue()},
     };
 }
 

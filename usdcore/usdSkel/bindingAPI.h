@@ -7,6 +7,7 @@
 #include "usdcore/usd/attribute.h"
 #include "usdcore/usd/prim.h"
 #include "usdcore/usd/relationship.h"
+#include "usdcore/usdGeom/primvar.h"
 #include "usdcore/usdSkel/skeleton.h"
 
 PXR_NAMESPACE_OPEN_SCOPE
@@ -45,6 +46,11 @@ public:
     UsdAttribute GetGeomBindTransformAttr() const;
     /// uniform token[] skel:blendShapes.
     UsdAttribute GetBlendShapesAttr() const;
+
+    /// The joint indices and weights as primvars, for their interpolation,
+    /// element size (influences per point) and time samples.
+    UsdGeomPrimvar GetJointIndicesPrimvar() const { return UsdGeomPrimvar(GetJointIndicesAttr()); }
+    UsdGeomPrimvar GetJointWeightsPrimvar() const { return UsdGeomPrimvar(GetJointWeightsAttr()); }
 
     /// The Skeleton that skel:skeleton targets first. True when a prim path
     /// is targeted (\p skel is then the view of whatever is there, which may
