@@ -1,4 +1,5 @@
 #include "usdcore/tf/diagnostic.h"
+#include "usdcore/sdf/types.h"
 #include "usdcore/vt/dictionary.h"
 #include "usdcore/vt/types.h"
 #include "usdcore/vt/value.h"
@@ -137,3 +138,69 @@ TEST(VtValue, StreamsTheHeldValue)
         << '|' << VtValue(TfToken("tok")) << ' ' << VtValue(NoPrinter());
     EXPECT_EQ(out.str().substr(0, 30), "(1, 2, 3) [4, 5] |tok <VtValue");
 }
+
+// A held map or vector of VtValues prints element by element. Printing
+// once went through the VtValue converting constructor and recursed until
+// the stack ran out.
+TEST(VtValue, StreamsMapsAndVectorsOfValues)
+{
+    SdfTimeSampleMap samples;
+    samples[0.0] = VtValue(1.5);
+    samples[10.0] = VtValue(TfToken("b"));
+    std::ostringstream out;
+    out << VtValue(samples);
+    EXPECT_EQ(out.str(), "{0: 1.5, 10: b}");
+
+    std::ostringstream direct;
+    Vt_StreamValue(direct, samples);
+    EXPECT_EQ(direct.str(), "{0: 1.5, 10: b}");
+
+    VtDictionary inner;
+    inner["n"] = VtValue(2);
+    VtDictionary outer;
+    outer["inner"] = VtValue(inner);
+    outer["list"] = VtValue(std::vector<VtValue>{VtValue(1), VtValue(std::string("x"))});
+    std::ostringstream nested;
+    nested << VtValue(outer);
+    EXPECT_EQ(nested.str(), "{inner: {n: 2}, list: [1, x]}");
+}
+
+// A printable-looking argument must not reach VtValue's operator<< through
+// the converting constructor.
+static_assert(!Vt_IsStreamable<SdfTimeSampleMap>::value, "a map of values has no operator<< of its own");
+static_assert(!Vt_IsStreamable<std::vector<VtValue>>::value, "nor has a vector of values");
+static_assert(Vt_IsStreamable<VtValue>::value, "a VtValue prints");
+
+TEST(VtValue, ComparesWithAHeldTypeEitherWayRound)
+{
+    const VtValue token(TfToken("a"));
+    EXPECT_TRUE(token == TfToken("a"));
+    EXPECT_TRUE(TfToken("a") == token);
+    EXPECT_TRUE(TfToken("b") != token);
+    EXPECT_FALSE(token != TfToken("a"));
+    EXPECT_TRUE(VtValue(2.0) == 2.0);
+    EXPECT_TRUE(2.0 == VtValue(2.0));
+    // Same number, other type: not equal, as the held types differ.
+    EXPECT_FALSE(VtValue(2) == 2.0);
+    EXPECT_TRUE(GfVec3f(1, 2, 3) == VtValue(GfVec3f(1, 2, 3)));
+    EXPECT_TRUE((VtIntArray{1, 2} == VtValue(VtIntArray{1, 2})));
+    EXPECT_TRUE(VtValue(std::string("s")) == "s");
+    EXPECT_TRUE("s" == VtValue(std::string("s")));
+
+    SdfTimeSampleMap samples;
+    samples[1.0] = VtValue(1.0);
+    SdfTimeSampleMap same = samples;
+    EXPECT_TRUE(samples == same);
+    EXPECT_TRUE(VtValue(samples) == samples);
+    EXPECT_TRUE(samples == VtValue(same));
+}
+
+namespace {
+struct Incomparable {};
+} // namespace
+
+// The comparisons with a T stay out of overload resolution for types that
+// do not compare with what the VtValue would hold.
+static_assert(!Vt_IsEqualityComparable<Incomparable, Incomparable>::value, "nothing to compare");
+static_assert(Vt_IsEqualityComparable<TfToken, VtValue>::value, "token == value");
+static_assert(Vt_IsEqualityComparable<VtValue, TfToken>::value, "value == token");

@@ -2,6 +2,12 @@
 
 PXR_NAMESPACE_OPEN_SCOPE
 
+std::ostream& operator<<(std::ostream& out, const VtDictionary& dictionary)
+{
+    Vt_StreamMap(out, dictionary);
+    return out;
+}
+
 const VtValue* VtDictionary::GetValueAtPath(const std::string& keyPath) const
 {
     const VtDictionary* dictionary = this;

@@ -56,6 +56,9 @@ public:
     bool operator!=(const VtDictionary& o) const { return !(*this == o); }
 };
 
+/// Prints "{key: value, ...}" in key order.
+std::ostream& operator<<(std::ostream& out, const VtDictionary& dictionary);
+
 /// A shared empty dictionary, for functions that return one by reference.
 const VtDictionary& VtGetEmptyDictionary();
 

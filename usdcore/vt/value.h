@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <ostream>
 #include <new>
@@ -13,6 +14,7 @@
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
+#include <vector>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -54,8 +56,66 @@ template <class T>
 struct Vt_IsStreamable<T, std::void_t<decltype(std::declval<std::ostream&>() << std::declval<const T&>())>>
     : std::true_type {};
 
+template <class A, class B, class = void>
+struct Vt_IsEqualityComparable : std::false_type {};
+template <class A, class B>
+struct Vt_IsEqualityComparable<A, B, std::void_t<decltype(std::declval<const A&>() == std::declval<const B&>())>>
+    : std::true_type {};
+
+template <class T> struct Vt_IsStdMap : std::false_type {};
+template <class K, class V, class C, class A> struct Vt_IsStdMap<std::map<K, V, C, A>> : std::true_type {};
+template <class T> struct Vt_IsStdVector : std::false_type {};
+template <class V, class A> struct Vt_IsStdVector<std::vector<V, A>> : std::true_type {};
+
 /// Prints a held value that has no operator<< as its type name in brackets.
 void Vt_StreamUnprintable(std::ostream& out, const std::type_info& type);
+
+template <class T>
+void Vt_StreamValue(std::ostream& out, const T& value);
+
+/// Maps (time samples, dictionaries) print as "{key: value, ...}" and
+/// vectors as "[value, ...]", element by element.
+template <class Map>
+void Vt_StreamMap(std::ostream& out, const Map& map)
+{
+    out << '{';
+    const char* separator = "";
+    for (const auto& [key, value] : map) {
+        out << separator;
+        Vt_StreamValue(out, key);
+        out << ": ";
+        Vt_StreamValue(out, value);
+        separator = ", ";
+    }
+    out << '}';
+}
+
+template <class Vector>
+void Vt_StreamVector(std::ostream& out, const Vector& vector)
+{
+    out << '[';
+    const char* separator = "";
+    for (const auto& value : vector) {
+        out << separator;
+        Vt_StreamValue(out, value);
+        separator = ", ";
+    }
+    out << ']';
+}
+
+template <class T>
+void Vt_StreamValue(std::ostream& out, const T& value)
+{
+    if constexpr (Vt_IsStdMap<T>::value) {
+        Vt_StreamMap(out, value);
+    } else if constexpr (Vt_IsStdVector<T>::value) {
+        Vt_StreamVector(out, value);
+    } else if constexpr (Vt_IsStreamable<T>::value) {
+        out << value;
+    } else {
+        Vt_StreamUnprintable(out, typeid(T));
+    }
+}
 
 template <class T>
 struct Vt_ValueOps {
@@ -122,14 +182,7 @@ struct Vt_ValueOps {
         }
     }
 
-    static void Stream(std::ostream& out, const Vt_ValueStorage& s)
-    {
-        if constexpr (Vt_IsStreamable<T>::value) {
-            out << Get(s);
-        } else {
-            Vt_StreamUnprintable(out, typeid(T));
-        }
-    }
+    static void Stream(std::ostream& out, const Vt_ValueStorage& s) { Vt_StreamValue(out, Get(s)); }
 
     static inline const Vt_ValueTypeInfo info{typeid(T), VtIsArray<T>::value, &Copy,   &Move,
                                               &Destroy,  &Equal,             &ArraySize, &Stream};
@@ -276,19 +329,44 @@ public:
     }
     bool operator!=(const VtValue& o) const { return !(*this == o); }
 
-    template <class T, class = std::enable_if_t<!std::is_same<std::decay_t<T>, VtValue>::value>>
+    // Comparisons with a T, either way round, without making a VtValue of
+    // it. They take part only for a T other than VtValue that compares
+    // with the type a VtValue would hold for it; anything else would make
+    // them candidates for every comparison that names a VtValue.
+    template <class T>
+    using _EnableIfComparable = std::enable_if_t<
+        !std::is_same<std::decay_t<T>, VtValue>::value &&
+            Vt_IsEqualityComparable<typename Vt_HeldType<std::decay_t<T>>::type, T>::value,
+        int>;
+
+    template <class T, _EnableIfComparable<T> = 0>
     friend bool operator==(const VtValue& v, const T& rhs)
     {
         using Held = typename Vt_HeldType<std::decay_t<T>>::type;
         return v.IsHolding<Held>() && v.UncheckedGet<Held>() == rhs;
     }
-    template <class T, class = std::enable_if_t<!std::is_same<std::decay_t<T>, VtValue>::value>>
+    template <class T, _EnableIfComparable<T> = 0>
+    friend bool operator==(const T& lhs, const VtValue& v)
+    {
+        return v == lhs;
+    }
+    template <class T, _EnableIfComparable<T> = 0>
     friend bool operator!=(const VtValue& v, const T& rhs)
     {
         return !(v == rhs);
     }
+    template <class T, _EnableIfComparable<T> = 0>
+    friend bool operator!=(const T& lhs, const VtValue& v)
+    {
+        return !(v == lhs);
+    }
 
-    friend std::ostream& operator<<(std::ostream& out, const VtValue& v)
+    /// Prints the held value. A template on purpose: as a plain function
+    /// taking a VtValue, it would take any printable-looking argument
+    /// through the converting constructor, and printing a map of VtValues
+    /// would wrap the map in a VtValue and print that, without end.
+    template <class V, std::enable_if_t<std::is_same<V, VtValue>::value, int> = 0>
+    friend std::ostream& operator<<(std::ostream& out, const V& v)
     {
         if (v._info) v._info->stream(out, v._storage);
         return out;
