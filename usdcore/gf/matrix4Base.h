@@ -4,9 +4,12 @@
 // translation; points are (x, y, z, 1) row vectors multiplied on the left.
 
 #include "usdcore/gf/matrixBase.h"
+#include "usdcore/gf/matrixFactor.h"
 #include "usdcore/gf/quat.h"
 #include "usdcore/gf/rotation.h"
 #include "usdcore/pxr.h"
+
+#include <type_traits>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -119,7 +122,31 @@ public:
     bool IsRightHanded() const { return GetHandedness() == 1.0; }
     bool IsLeftHanded() const { return GetHandedness() == -1.0; }
 
+    /// Factors the matrix as r * s * transpose(r) * u * t for row vectors:
+    /// t the translation, u a rotation, s the scales along the axes given
+    /// by r's columns (negative for a mirroring matrix). \p p, for a
+    /// projection part, is left untouched. False when the matrix is
+    /// singular; scales below \p eps are then clamped to \p eps.
+    bool Factor(Derived* r, Vec3* s, Derived* u, Vec3* t, Derived* p, S eps = _FactorEpsilon()) const
+    {
+        (void)p;
+        double m[4][4], rd[4][4], ud[4][4], sd[3], td[3];
+        for (size_t i = 0; i < 4; ++i)
+            for (size_t j = 0; j < 4; ++j) m[i][j] = double(this->_m[i][j]);
+        const bool regular = Gf_FactorMatrix4(m, rd, sd, ud, td, double(eps));
+        for (size_t i = 0; i < 4; ++i)
+            for (size_t j = 0; j < 4; ++j) {
+                (*r)[i][j] = S(rd[i][j]);
+                (*u)[i][j] = S(ud[i][j]);
+            }
+        *s = Vec3(S(sd[0]), S(sd[1]), S(sd[2]));
+        *t = Vec3(S(td[0]), S(td[1]), S(td[2]));
+        return regular;
+    }
+
 private:
+    static constexpr S _FactorEpsilon() { return std::is_same<S, float>::value ? S(1e-5) : S(1e-10); }
+
     Derived& _SetRotationBlock(const GfQuatd& q)
     {
         double rows[3][3];

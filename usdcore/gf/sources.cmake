@@ -1,4 +1,5 @@
 list(APPEND USDCORE_SOURCES
   gf/half.cpp
+  gf/matrixFactor.cpp
   gf/rotation.cpp
 )
