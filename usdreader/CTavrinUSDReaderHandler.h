@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -28,6 +29,7 @@ class CTavrin3DObject;
 class CTavrinBasicGeneralMaterial;
 class CTavrinDocument;
 class CTavrinGeometry;
+class CTavrinRigGeometryTable;
 class CTavrinSceneNode;
 class CTavrinSequence;
 class CTavrinSkeletonJoint;
@@ -83,6 +85,10 @@ public:
     void ReadMeshObject(const PXR_NS::UsdGeomMesh& mesh, CTavrin3DObject* node);
     void ReadMeshGeometry(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,
                           CTavrin3DObject* object);
+    // The skinning step of the geometry: the rig table it attached to
+    // geometry for the mesh's pointCount points, or null.
+    CTavrinRigGeometryTable* ReadSkinWeights(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,
+                                             CTavrin3DObject* object, std::size_t pointCount);
 
     // Materials: true when prim's direct binding names at least one material.
     bool ReadMaterialBinding(const PXR_NS::UsdPrim& prim, CTavrinBasicGeneralMaterial* basicMaterial,

@@ -26,6 +26,26 @@
 #include <pxr/usd/usd/relationship.h>
 #include <pxr/usd/usd/stage.h>
 #include <pxr/usd/usd/timeCode.h>
+#include <pxr/base/tf/diagnostic.h>
+#include <pxr/usd/usdGeom/mesh.h>
+#include <pxr/usd/usdGeom/primvar.h>
+#include <pxr/usd/usdGeom/primvarsAPI.h>
+#include <pxr/usd/usdGeom/subset.h>
+#include <pxr/usd/usdGeom/tokens.h>
+#include <pxr/usd/usdGeom/metrics.h>
+#include <pxr/usd/usdGeom/xform.h>
+#include <pxr/usd/usdGeom/xformable.h>
+#include <pxr/usd/usdShade/connectableAPI.h>
+#include <pxr/usd/usdShade/input.h>
+#include <pxr/usd/usdShade/material.h>
+#include <pxr/usd/usdShade/output.h>
+#include <pxr/usd/usdShade/shader.h>
+#include <pxr/usd/usdShade/tokens.h>
+#include <pxr/usd/usdSkel/animation.h>
+#include <pxr/usd/usdSkel/root.h>
+#include <pxr/usd/usdSkel/skeleton.h>
+#include <pxr/usd/usdSkel/tokens.h>
+#include <pxr/usd/usdSkel/topology.h>
 
 #else
 
@@ -47,5 +67,25 @@
 #include "usdcore/usd/relationship.h"
 #include "usdcore/usd/stage.h"
 #include "usdcore/usd/timeCode.h"
+#include "usdcore/tf/diagnostic.h"
+#include "usdcore/usdGeom/mesh.h"
+#include "usdcore/usdGeom/primvar.h"
+#include "usdcore/usdGeom/primvarsAPI.h"
+#include "usdcore/usdGeom/subset.h"
+#include "usdcore/usdGeom/tokens.h"
+#include "usdcore/usdGeom/metrics.h"
+#include "usdcore/usdGeom/xform.h"
+#include "usdcore/usdGeom/xformable.h"
+#include "usdcore/usdShade/connectableAPI.h"
+#include "usdcore/usdShade/input.h"
+#include "usdcore/usdShade/material.h"
+#include "usdcore/usdShade/output.h"
+#include "usdcore/usdShade/shader.h"
+#include "usdcore/usdShade/tokens.h"
+#include "usdcore/usdSkel/animation.h"
+#include "usdcore/usdSkel/root.h"
+#include "usdcore/usdSkel/skeleton.h"
+#include "usdcore/usdSkel/tokens.h"
+#include "usdcore/usdSkel/topology.h"
 
 #endif

@@ -1,0 +1,100 @@
+#include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
+#include "TavrinAnimation/src/TavrinSequence.h"
+#include "host/CTavrinDocument.h"
+#include "usdreader/CTavrinUSDReaderHandler.h"
+#include "usdreader/TavrinFileHelpers.h"
+
+PXR_NAMESPACE_USING_DIRECTIVE
+
+namespace Tavrin {
+
+namespace {
+
+// A quarter turn, kept at the value documents made so far were imported with
+// (a hair off pi/2), so that re-imports line up with them.
+constexpr double quarterTurn = 1.57079632675;
+
+// The host is Z-up and measures in metres: a Y-up stage is turned a quarter
+// about X, and every stage is scaled by its metres per unit.
+CTavrinMatrix RootCorrection(const UsdStageRefPtr& stage)
+{
+    CTavrinMatrix rootMatrix;
+    if (UsdGeomGetStageUpAxis(stage).GetString() == "Y")
+        rootMatrix = CTavrinMatrix::CreateRotaionAroundX(quarterTurn);
+    const double metersPerUnit = UsdGeomGetStageMetersPerUnit(stage);
+    return rootMatrix * CTavrinMatrix::CreateScalling(metersPerUnit, metersPerUnit, metersPerUnit);
+}
+
+// The sequence is named after the file, so that the application lists it
+// beside the document it came with.
+void NameSequence(CTavrinSequence& sequence, CTavrinString path)
+{
+    path.RemovePath();
+    path.RemoveExt();
+    sequence.SetName(path + CTavrinString("_Animation"));
+    if (CTavrinAnimationCollapsingGroup* group = sequence.Group())
+        group->SetCaption(path);
+}
+
+} // namespace
+
+CTavrinDocument* CTavrinUSDReaderHandler::ReadUSDFile(CTavrinString path, CTavrinString folder)
+{
+    ReportProgress("Initilizing", 1);
+
+    // USD is given narrow paths only; a path with characters outside ASCII is
+    // read through a copy at a fixed ASCII name instead.
+    const bool readsTemporaryCopy = path.HasUnicode();
+    const std::string usdPath = readsTemporaryCopy ? MakeTemporaryCopy(path) : path.toStdString();
+    // The copy is closed by dropping the stage before it is deleted.
+    const auto removeTemporaryCopy = [&] {
+        if (!readsTemporaryCopy)
+            return;
+        stage = UsdStageRefPtr();
+        RemoveFile(CTavrinString(usdPath));
+    };
+
+    if (!UsdStage::IsSupportedFile(usdPath)) {
+        ReportProgress("This file is not supported", -1);
+        removeTemporaryCopy();
+        return nullptr;
+    }
+    stage = UsdStage::Open(usdPath, UsdStage::LoadAll);
+    if (!stage) {
+        ReportProgress("Trying to read empty file", -1);
+        removeTemporaryCopy();
+        return nullptr;
+    }
+
+    document = CTavrinDocument::Create(true);
+    textureFolder = folder + CTavrinString::SystemSeparator;
+    // The package is unpacked from the original file: the copy exists only
+    // for USD's sake.
+    UnpackToTemporaryFolder(path);
+    rootMatrix = RootCorrection(stage);
+
+    // A first walk only counts, so that progress can be told in percent.
+    for ([[maybe_unused]] const UsdPrim& prim : stage->Traverse())
+        ++primCount;
+    // Parents come before their children, so a parent's node is always in
+    // nodesByPath by the time its children look for it.
+    for (const UsdPrim& prim : stage->Traverse()) {
+        ++visitedPrimCount;
+        if (progressCallback && primCount > 0) {
+            const int percent = static_cast<int>(static_cast<double>(visitedPrimCount) / primCount * 96.0 + 2.0);
+            if (percent <= 98)
+                ReportProgress("Reading Geometries", percent);
+        }
+        const auto parentEntry = nodesByPath.find(prim.GetParent().GetPath());
+        ReadPrim(prim, parentEntry != nodesByPath.end() ? parentEntry->second : nullptr);
+    }
+
+    ReportProgress("Finalizing", 99);
+    if (sequence)
+        NameSequence(*sequence, path);
+    removeTemporaryCopy();
+    ReportProgress("Done", 100);
+    return document;
+}
+
+} // namespace Tavrin
