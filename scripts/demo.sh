@@ -1,7 +1,13 @@
 #!/usr/bin/env bash
-# The main job: installs what is missing, builds, and reads the bundled sample
-# scene back as text (the importer takes over this job once it lands).
+# The main job: installs what is missing, builds the command-line importer and
+# imports the bundled sample scene (or the file given), printing a summary and
+# writing the document as JSON to build/<name>.json.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bash scripts/build.sh default
-build/default/tools/tavrin-usdcat/tavrin-usdcat "${1:-examples/sample_scene.usda}"
+scene="${1:-examples/sample_scene.usda}"
+bash scripts/install-deps.sh
+cmake --preset default >/dev/null
+cmake --build --preset default --target tavrin-usd-import
+name="$(basename "${scene%.*}")"
+build/default/tools/tavrin-usd-import/tavrin-usd-import "$scene" --json "build/$name.json"
+echo "JSON written to build/$name.json"

@@ -1,0 +1,61 @@
+#include "tools/tavrin-usd-import/CommandLine.h"
+
+#include <cstring>
+
+namespace TavrinUsdImport {
+
+const char* const usageText = "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet]\n";
+
+namespace {
+
+// An option that takes a value: the value is the next argument, which must
+// exist and must not be given twice.
+bool TakeValue(int argc, const char* const* argv, int& index, std::string& value, std::string& error)
+{
+    const char* option = argv[index];
+    if (index + 1 >= argc) {
+        error = std::string(option) + " needs a value";
+        return false;
+    }
+    if (!value.empty()) {
+        error = std::string(option) + " is given twice";
+        return false;
+    }
+    value = argv[++index];
+    if (value.empty()) {
+        error = std::string(option) + " needs a value";
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLine, std::string& error)
+{
+    for (int index = 1; index < argc; ++index) {
+        const char* argument = argv[index];
+        if (std::strcmp(argument, "--folder") == 0) {
+            if (!TakeValue(argc, argv, index, commandLine.folder, error))
+                return false;
+        } else if (std::strcmp(argument, "--json") == 0) {
+            if (!TakeValue(argc, argv, index, commandLine.jsonPath, error))
+                return false;
+        } else if (std::strcmp(argument, "--quiet") == 0 || std::strcmp(argument, "-q") == 0) {
+            commandLine.quiet = true;
+        } else if (std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0) {
+            commandLine.help = true;
+        } else if (argument[0] == '-' && argument[1] != '\0') {
+            error = std::string("unknown option ") + argument;
+            return false;
+        } else if (commandLine.file.empty() && argument[0] != '\0') {
+            commandLine.file = argument;
+        } else {
+            error = "only one file is imported at a time";
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace TavrinUsdImport

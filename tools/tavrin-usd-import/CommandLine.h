@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace TavrinUsdImport {
+
+// What the command line asks for. Empty strings mean "not given".
+struct CommandLine {
+    std::string file;
+    std::string folder;
+    std::string jsonPath;
+    bool quiet = false;
+    bool help = false;
+};
+
+// Fills commandLine from argv; on a usage error returns false with the reason
+// in error.
+bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLine, std::string& error);
+
+extern const char* const usageText;
+
+} // namespace TavrinUsdImport
