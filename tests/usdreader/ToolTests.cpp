@@ -197,6 +197,17 @@ TEST(ToolFailures, UsageErrorsExitWithTwo)
     EXPECT_EQ(RunTool("--json").exitStatus, 2);
     EXPECT_EQ(RunTool("a.usda b.usda").exitStatus, 2);
     EXPECT_EQ(RunTool("--folder x --folder y").exitStatus, 2);
+    EXPECT_EQ(RunTool("--plugin").exitStatus, 2);
+}
+
+// The tool imports through the plug-in it loads: a file that is no importer
+// plug-in (here, the sample scene itself) stops it before any import.
+TEST(ToolFailures, AFileThatIsNoImporterPlugInExitsWithOneBeforeImporting)
+{
+    const std::string sample = std::string(TAVRIN_SOURCE_DIR) + "/examples/sample_scene.usda";
+    const ToolRun run = RunTool("'" + sample + "' --plugin '" + sample + "'");
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.output.find("Initilizing"), std::string::npos) << run.output;
 }
 
 TEST(ToolFailures, WithoutAFileTheSampleIsImportedQuietly)

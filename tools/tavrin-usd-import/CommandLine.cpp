@@ -4,7 +4,7 @@
 
 namespace TavrinUsdImport {
 
-const char* const usageText = "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet]\n";
+const char* const usageText = "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH]\n";
 
 namespace {
 
@@ -40,6 +40,9 @@ bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLin
                 return false;
         } else if (std::strcmp(argument, "--json") == 0) {
             if (!TakeValue(argc, argv, index, commandLine.jsonPath, error))
+                return false;
+        } else if (std::strcmp(argument, "--plugin") == 0) {
+            if (!TakeValue(argc, argv, index, commandLine.pluginPath, error))
                 return false;
         } else if (std::strcmp(argument, "--quiet") == 0 || std::strcmp(argument, "-q") == 0) {
             commandLine.quiet = true;

@@ -9,6 +9,8 @@ struct CommandLine {
     std::string file;
     std::string folder;
     std::string jsonPath;
+    // The importer plug-in to load; the build's own when empty.
+    std::string pluginPath;
     bool quiet = false;
     bool help = false;
 };

@@ -1,8 +1,11 @@
 // tavrin-usd-import: imports a USD file (.usd, .usda, .usdc, .usdz) into a
 // new document, as the application's importer does, and tells what it holds.
 //
-//   tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet]
+//   tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH]
 //
+// Like the application, it loads the importer plug-in (the build's own unless
+// --plugin names another), hands it the program's animation containers and
+// imports through it.
 // Without FILE the bundled sample scene is imported. Textures are copied into
 // DIR, or into a fresh folder under the temporary directory. --json writes the
 // import (progress reports and document) in the tavrin-document/1 form.
@@ -24,7 +27,9 @@
 #include "tools/tavrin-usd-import/CommandLine.h"
 #include "tools/tavrin-usd-import/DocumentSummary.h"
 #include "tools/tavrin-usd-import/ProgressDisplay.h"
-#include "usdreader/CTavrinUSDReaderHandler.h"
+#include "extension/CTavrinImportRequest.h"
+#include "extension/CTavrinImporter.h"
+#include "tools/tavrin-usd-import/PluginHost.h"
 #include "utilities/TavrinTempFolder.h"
 
 using namespace Tavrin;
@@ -71,20 +76,30 @@ int main(int argc, char** argv)
     const CTavrinString folder =
         commandLine.folder.empty() ? FreshTextureFolder() : CTavrinString(commandLine.folder);
 
+    PluginHost plugin;
+    const std::string pluginPath = commandLine.pluginPath.empty() ? std::string(TAVRIN_PLUGIN_PATH) : commandLine.pluginPath;
+    if (!plugin.Load(pluginPath, error)) {
+        std::fprintf(stderr, "tavrin-usd-import: %s\n", error.c_str());
+        return 1;
+    }
+
     CTavrinImportRecord record;
     record.source = CTavrinString(file);
     ProgressDisplay display(stdout, isatty(fileno(stdout)) != 0);
-    CTavrinUSDReaderHandler handler;
-    handler.SetProgressCallback([&](CTavrinString message, int value) {
+    CTavrinImportRequest request;
+    request.filePath = CTavrinString(file);
+    request.folder = folder;
+    request.progressCallback = [&](CTavrinString message, int value) {
         if (!commandLine.quiet)
             display.Report(message.toStdString(), value);
         record.progress.emplace_back(std::move(message), value);
-    });
-    const std::unique_ptr<CTavrinDocument> document(handler.ReadUSDFile(CTavrinString(file), folder));
+    };
+    const std::unique_ptr<CTavrinDocument> document(plugin.Importer().Import(request));
     display.Finish();
     record.document = document.get();
+    const CTavrinSequence* sequence = plugin.LastImportedSequence();
 
-    if (!commandLine.jsonPath.empty() && !WriteJson(commandLine.jsonPath, record, handler.sequence)) {
+    if (!commandLine.jsonPath.empty() && !WriteJson(commandLine.jsonPath, record, sequence)) {
         std::fprintf(stderr, "tavrin-usd-import: cannot write %s\n", commandLine.jsonPath.c_str());
         return 1;
     }
@@ -94,7 +109,7 @@ int main(int argc, char** argv)
     }
     if (!commandLine.quiet) {
         std::printf("%s\n%stextures:   %s\n", file.c_str(),
-                    FormatSummary(SummarizeDocument(*document, handler.sequence)).c_str(),
+                    FormatSummary(SummarizeDocument(*document, sequence)).c_str(),
                     folder.toStdString().c_str());
     }
     return 0;
