@@ -4,6 +4,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 
 namespace Tavrin {
 
@@ -15,6 +16,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_ROUND_TABLE:
         return new CTavrinKeyFrameDataTransformRoundTable(entity, CTavrinMatrix());
+    case KEYFRAME_SPHERICAL_CAMERA:
+        return new CTavrinKeyFrameDataTransformSphericalCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_HIDE_SHOW:
         return new CTavrinKeyFrameDataHideShow(entity, true);
     case KEYFRAME_MORPH:

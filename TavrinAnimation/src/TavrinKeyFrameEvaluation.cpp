@@ -1,7 +1,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameEvaluation.h"
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
-#include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinTransformInterpolation.h"
 #include "host/CTavrinTransform.h"
 
@@ -98,6 +98,29 @@ CTavrinKeyFrameDataPtr BetweenCameras(CTavrinKeyFrameData& beforeData, CTavrinKe
     return between;
 }
 
+// The two views, each at its working frame, blended as cameras with the
+// ease of the pair; the result shows the one blended view.
+CTavrinKeyFrameDataPtr BetweenSphericalCameras(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData,
+                                               int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataTransformSphericalCamera*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataTransformSphericalCamera*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const double t = TransitionFraction(frame, before->WorkingFrame(), after->WorkingFrame(), before->EaseOutMode(),
+                                        after->EaseInMode());
+    const CTavrinBasicCamera cameraA = before->BasicCamera();
+    const CTavrinBasicCamera cameraB = after->BasicCamera();
+    CTavrinBasicCamera camera(LerpPoint(cameraA.Position(), cameraB.Position(), t),
+                              LerpPoint(cameraA.LookAt(), cameraB.LookAt(), t),
+                              LerpPoint(cameraA.CamUp(), cameraB.CamUp(), t));
+    camera.SetFOV(cameraA.FOV() + (cameraB.FOV() - cameraA.FOV()) * t);
+    camera.SetDOF(cameraA.DOFEnabled(), cameraA.DOFDistance() + (cameraB.DOFDistance() - cameraA.DOFDistance()) * t,
+                  cameraA.DOFFieldStop() + (cameraB.DOFFieldStop() - cameraA.DOFFieldStop()) * t);
+    auto* between = new CTavrinKeyFrameDataTransformSphericalCamera(before->EntityID(), camera);
+    between->SetCentre(before->Centre() + (after->Centre() - before->Centre()) * t);
+    return between;
+}
+
 CTavrinKeyFrameDataPtr BetweenMorphs(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
     auto* before = dynamic_cast<CTavrinKeyFrameDataMorph*>(&beforeData);
     auto* after = dynamic_cast<CTavrinKeyFrameDataMorph*>(&afterData);
@@ -119,6 +142,8 @@ CTavrinKeyFrameDataPtr InterpolateKeyFrameData(CTavrinKeyFrameData& before, CTav
         return BetweenTransforms(before, after, frame);
     case KEYFRAME_CAMERA:
         return BetweenCameras(before, after, frame);
+    case KEYFRAME_SPHERICAL_CAMERA:
+        return BetweenSphericalCameras(before, after, frame);
     case KEYFRAME_HIDE_SHOW:
         before.SetWorkingFrame(frame);
         return CTavrinKeyFrameDataPtr(before.CreateCopy(false));

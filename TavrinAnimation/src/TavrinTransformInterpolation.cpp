@@ -58,13 +58,17 @@ CTavrin3DVertex Lerp(const CTavrin3DVertex& from, const CTavrin3DVertex& to, dou
 } // namespace
 
 double EasedFraction(int n, int k, int easeOut, int easeIn) {
+    const EasePhases phases = PhasesFor(n, easeOut, easeIn);
+    return PhasedFraction(n, k, phases.accelerationEnd, phases.decelerationStart);
+}
+
+double PhasedFraction(int n, int k, int a, int b) {
     if (n <= 0 || k >= n)
         return 1.0;
     if (k <= 0)
         return 0.0;
-    const EasePhases phases = PhasesFor(n, easeOut, easeIn);
-    const int a = phases.accelerationEnd;
-    const int b = phases.decelerationStart;
+    a = std::clamp(a, 0, n);
+    b = std::clamp(b, a, n);
     const double u = 1.0 / n;
     if (k <= a) {
         const long long triangle = static_cast<long long>(k) * (k + 1) / 2;
@@ -99,6 +103,18 @@ CTavrinMatrix InterpolateDecomposedMatrix(const CTavrinMatrix& from, const CTavr
     return result;
 }
 
+double TransitionFraction(int frame, int frameA, int frameB, int easeOutA, int easeInB) {
+    const int lo = std::min(frameA, frameB);
+    const int hi = std::max(frameA, frameB);
+    if (frame >= hi)
+        return 1.0;
+    if (frame <= lo)
+        return 0.0;
+    const bool linear = (easeOutA & ~kEaseOutNeutralBit) == 0 && (easeInB == 0 || easeInB == 1);
+    return linear ? static_cast<double>(frame - lo) / static_cast<double>(hi - lo)
+                  : EasedFraction(hi - lo, frame - lo, easeOutA, easeInB);
+}
+
 CTavrinMatrix InterpolateTransformMatrix(const CTavrinMatrix& matrixA, const CTavrinMatrix& matrixB,
                                          const CTavrin3DVertex& pivot, int frame, int frameA, int frameB,
                                          int easeOutA, int easeInB) {
@@ -109,10 +125,7 @@ CTavrinMatrix InterpolateTransformMatrix(const CTavrinMatrix& matrixA, const CTa
     if (frame <= lo)
         return matrixA;
 
-    const bool linear = (easeOutA & ~kEaseOutNeutralBit) == 0 && (easeInB == 0 || easeInB == 1);
-    const double t = linear ? static_cast<double>(frame - lo) / static_cast<double>(hi - lo)
-                            : EasedFraction(hi - lo, frame - lo, easeOutA, easeInB);
-
+    const double t = TransitionFraction(frame, frameA, frameB, easeOutA, easeInB);
     const CTavrinMatrix toPivot = CTavrinMatrix::CreateTranslation(pivot.X(), pivot.Y(), pivot.Z());
     const CTavrinMatrix fromPivot = toPivot.Inverse();
     const CTavrinMatrix relative = fromPivot * matrixA.Inverse() * matrixB * toPivot;
