@@ -48,6 +48,15 @@ void CTavrinDocumentsContainer::RecordReplacedUUID(const CTavrinUUID& original, 
     m_replacedUUIDs[original] = replacement;
 }
 
+CTavrinID CTavrinDocumentsContainer::GetLinePathIDFor(const CTavrinID& curve) const {
+    const auto found = m_linePathIDs.find(curve);
+    return found == m_linePathIDs.end() ? curve : found->second;
+}
+
+void CTavrinDocumentsContainer::RecordLinePathID(const CTavrinID& curve, const CTavrinID& linePath) {
+    m_linePathIDs[curve] = linePath;
+}
+
 CTavrinEntity* CTavrinDocumentsContainer::GetEntityByGuid(const CTavrinUUID& guid) const {
     if (!guid.IsValid())
         return nullptr;

@@ -4,6 +4,7 @@
 // that were given new GUIDs while it was read.
 
 #include "host/CTavrinArchive.h"
+#include "host/CTavrinID.h"
 #include "host/CTavrinUUID.h"
 
 #include <map>
@@ -37,6 +38,12 @@ public:
     CTavrinUUID ReplacedUUID(const CTavrinUUID& original) const;
     void RecordReplacedUUID(const CTavrinUUID& original, const CTavrinUUID& replacement);
 
+    // Older documents named a followed path by the ID of the curve it was
+    // drawn from; the line path made from that curve while reading takes
+    // its place. The ID itself when nothing was recorded.
+    CTavrinID GetLinePathIDFor(const CTavrinID& curve) const;
+    void RecordLinePathID(const CTavrinID& curve, const CTavrinID& linePath);
+
     // The entity of a listed document with that GUID, or null.
     CTavrinEntity* GetEntityByGuid(const CTavrinUUID& guid) const;
 
@@ -44,6 +51,7 @@ private:
     std::vector<CTavrinDocument*> m_documents;
     unsigned int m_lastFileVersion = CTavrinArchiveBase::CurrentVersion;
     std::map<CTavrinUUID, CTavrinUUID> m_replacedUUIDs;
+    std::map<CTavrinID, CTavrinID> m_linePathIDs;
 };
 
 } // namespace Tavrin

@@ -21,6 +21,7 @@ enum enumEntityType {
     ENTITY_RIG_GEOMETRY_TABLE,
     ENTITY_MATERIAL,
     ENTITY_CAMERA,
+    ENTITY_LINE_PATH,
 };
 
 // Names one entity of one document: the document's UUID and the entity's

@@ -34,6 +34,34 @@ int CTavrinKeyFrameData::BaseDataMembersCount() {
     return m_dataMembersCount;
 }
 
+void* CTavrinKeyFrameData::FrameDataMember(FrameMember member, enumDataMemberType& type, CTavrinString& name,
+                                           bool changed) {
+    type = DATA_MEMBER_INT;
+    switch (member) {
+    case FrameMember::Start:
+        name = CTavrinString("Start Frame");
+        if (changed)
+            SetStartFrame(m_startFrame, true);
+        return &m_startFrame;
+    case FrameMember::End:
+        name = CTavrinString("End Frame");
+        if (changed)
+            SetEndFrame(m_endFrame, true);
+        return &m_endFrame;
+    case FrameMember::ConstantSpeedStart:
+        name = CTavrinString("Constant Speed Start Frame");
+        if (changed)
+            SetConstantSpeedStartFrame(m_constantSpeedStartFrame);
+        return &m_constantSpeedStartFrame;
+    case FrameMember::ConstantSpeedEnd:
+        name = CTavrinString("Constant Speed End Frame");
+        if (changed)
+            SetConstantSpeedEndFrame(m_constantSpeedEndFrame);
+        return &m_constantSpeedEndFrame;
+    }
+    return nullptr;
+}
+
 int CTavrinKeyFrameData::SetStartFrame(int frame, bool extendEnd) {
     frame = std::max(frame, 0);
     if (extendEnd && frame > m_endFrame)

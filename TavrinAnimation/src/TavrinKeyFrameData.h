@@ -96,9 +96,13 @@ protected:
     // Number of named data members of the host base, after which the members
     // of the family are numbered.
     int BaseDataMembersCount();
+    enum class FrameMember { Start, End, ConstantSpeedStart, ConstantSpeedEnd };
+    // The frame published as an int member: "Start Frame", "End Frame",
+    // "Constant Speed Start Frame" or "Constant Speed End Frame". An edit
+    // goes through the frame's setter; start and end push the other along.
+    void* FrameDataMember(FrameMember member, enumDataMemberType& type, CTavrinString& name, bool changed);
     // Storage of the start frame, published as a named data member.
     int* StartFrameStorage() { return &m_startFrame; }
-    int* EndFrameStorage() { return &m_endFrame; }
     int* ConstantSpeedStartFrameStorage() { return &m_constantSpeedStartFrame; }
     int* ConstantSpeedEndFrameStorage() { return &m_constantSpeedEndFrame; }
 

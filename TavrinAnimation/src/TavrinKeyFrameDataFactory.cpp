@@ -2,7 +2,7 @@
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
-#include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 
@@ -16,6 +16,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_ROUND_TABLE:
         return new CTavrinKeyFrameDataTransformRoundTable(entity, CTavrinMatrix());
+    case KEYFRAME_BSPLINE_FOLLOWER:
+        return new CTavrinKeyFrameDataTransformBSplineFollower(entity, CTavrinMatrix());
     case KEYFRAME_SPHERICAL_CAMERA:
         return new CTavrinKeyFrameDataTransformSphericalCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_HIDE_SHOW:

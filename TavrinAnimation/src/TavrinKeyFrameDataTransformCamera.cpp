@@ -125,17 +125,9 @@ void* CTavrinKeyFrameDataTransformCamera::DataMemberSearch(int index, enumDataMe
     if (member < orbitMembers) {
         switch (member) {
         case 0:
-            type = DATA_MEMBER_INT;
-            name = CTavrinString("Start Frame");
-            if (changed)
-                SetStartFrame(*StartFrameStorage(), true);
-            return StartFrameStorage();
+            return FrameDataMember(FrameMember::Start, type, name, changed);
         case 1:
-            type = DATA_MEMBER_INT;
-            name = CTavrinString("End Frame");
-            if (changed)
-                SetEndFrame(*EndFrameStorage(), true);
-            return EndFrameStorage();
+            return FrameDataMember(FrameMember::End, type, name, changed);
         default:
             type = DATA_MEMBER_DOUBLE;
             name = CTavrinString("Angle");

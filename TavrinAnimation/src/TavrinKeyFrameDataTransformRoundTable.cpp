@@ -52,17 +52,9 @@ void* CTavrinKeyFrameDataTransformRoundTable::DataMemberSearch(int index, enumDa
         return CTavrinKeyFrameData::DataMemberSearch(index, type, name, changed);
     switch (index - first) {
     case 0:
-        type = DATA_MEMBER_INT;
-        name = CTavrinString("Start Frame");
-        if (changed)
-            SetStartFrame(*StartFrameStorage(), true);
-        return StartFrameStorage();
+        return FrameDataMember(FrameMember::Start, type, name, changed);
     case 1:
-        type = DATA_MEMBER_INT;
-        name = CTavrinString("End Frame");
-        if (changed)
-            SetEndFrame(*EndFrameStorage(), true);
-        return EndFrameStorage();
+        return FrameDataMember(FrameMember::End, type, name, changed);
     case 2:
         type = DATA_MEMBER_DOUBLE;
         name = CTavrinString("Angle");
@@ -72,17 +64,9 @@ void* CTavrinKeyFrameDataTransformRoundTable::DataMemberSearch(int index, enumDa
         name = CTavrinString("Normal");
         return &m_normal;
     case 4:
-        type = DATA_MEMBER_INT;
-        name = CTavrinString("Constant Speed Start Frame");
-        if (changed)
-            SetConstantSpeedStartFrame(*ConstantSpeedStartFrameStorage());
-        return ConstantSpeedStartFrameStorage();
+        return FrameDataMember(FrameMember::ConstantSpeedStart, type, name, changed);
     case 5:
-        type = DATA_MEMBER_INT;
-        name = CTavrinString("Constant Speed End Frame");
-        if (changed)
-            SetConstantSpeedEndFrame(*ConstantSpeedEndFrameStorage());
-        return ConstantSpeedEndFrameStorage();
+        return FrameDataMember(FrameMember::ConstantSpeedEnd, type, name, changed);
     default:
         type = DATA_MEMBER_NONE;
         return nullptr;

@@ -122,14 +122,12 @@ void* CTavrinKeyFrameDataTransformSphericalCamera::DataMemberSearch(int index, e
         if (changed)
             m_layoutName = LayoutName(m_layout);
         return &m_layoutName;
-    case 1:
-        type = DATA_MEMBER_INT;
-        name = CTavrinString("Start Frame");
-        if (changed) {
-            SetStartFrame(*StartFrameStorage(), true);
+    case 1: {
+        void* start = FrameDataMember(FrameMember::Start, type, name, changed);
+        if (changed)
             FitEndFrameToGrid();
-        }
-        return StartFrameStorage();
+        return start;
+    }
     case 2:
     case 3:
         type = DATA_MEMBER_INT;
