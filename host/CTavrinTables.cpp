@@ -35,6 +35,14 @@ void CTavrin3DVectorsTable::AddVertex(double x, double y, double z)
     m_vectors.emplace_back(x, y, z);
 }
 
+void CTavrin3DVectorsTable::ReplaceBasicTable(const CTavrinBasic3DVectorsTable* table)
+{
+    if (table == m_lentTable)
+        return;
+    m_lentTable = table;
+    ++m_shownTableRevision;
+}
+
 CTavrin3DVertex* CTavrin3DVectorsTable::GetVertex(std::int64_t index)
 {
     return InRange(m_vectors, index) ? &m_vectors[index] : nullptr;

@@ -11,6 +11,7 @@
 
 namespace Tavrin {
 
+class CTavrinBasic3DVectorsTable;
 class CTavrinDocument;
 class CTavrinSkeletonJoint;
 
@@ -27,8 +28,20 @@ public:
     const std::vector<CTavrin3DVertex>& Vectors() const { return m_vectors; }
     void Reserve(std::size_t count) { m_vectors.reserve(count); }
 
+    // A table lent by an animation, shown instead of the table's own vectors
+    // until it is taken back with null; the table's own vectors stay as they
+    // are. The lender keeps ownership and takes it back before it goes.
+    void ReferenceBasicTable(const CTavrinBasic3DVectorsTable* table) { m_lentTable = table; }
+    // The same, counted as a change of what the table shows.
+    void ReplaceBasicTable(const CTavrinBasic3DVectorsTable* table);
+    const CTavrinBasic3DVectorsTable* LentBasicTable() const { return m_lentTable; }
+    // How many times ReplaceBasicTable changed what the table shows.
+    int ShownTableRevision() const { return m_shownTableRevision; }
+
 private:
     std::vector<CTavrin3DVertex> m_vectors;
+    const CTavrinBasic3DVectorsTable* m_lentTable = nullptr;
+    int m_shownTableRevision = 0;
 };
 
 class CTavrinVerticiesTable : public CTavrin3DVectorsTable {

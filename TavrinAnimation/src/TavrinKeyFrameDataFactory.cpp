@@ -5,6 +5,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 
 namespace Tavrin {
 
@@ -14,6 +15,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
         return CTavrinKeyFrameDataTransform::Create(entity, CTavrinMatrix());
     case KEYFRAME_CAMERA:
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
+    case KEYFRAME_VERTICES:
+        return new CTavrinKeyFrameDataVertices(entity, CTavrinBasic3DVectorsTable::Create());
     case KEYFRAME_ROUND_TABLE:
         return new CTavrinKeyFrameDataTransformRoundTable(entity, CTavrinMatrix());
     case KEYFRAME_BSPLINE_FOLLOWER:

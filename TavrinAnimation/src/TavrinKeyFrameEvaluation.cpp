@@ -2,9 +2,11 @@
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 #include "TavrinAnimation/src/TavrinTransformInterpolation.h"
 #include "host/CTavrinTransform.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace Tavrin {
@@ -121,6 +123,27 @@ CTavrinKeyFrameDataPtr BetweenSphericalCameras(CTavrinKeyFrameData& beforeData, 
     return between;
 }
 
+// Vector by vector, with the ease of the pair. Where the counts differ the
+// vectors past the shorter table are before's.
+CTavrinKeyFrameDataPtr BetweenVertices(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataVertices*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataVertices*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const CTavrinBasic3DVectorsTable* tableA = before->WorkingFrameTable();
+    const CTavrinBasic3DVectorsTable* tableB = after->WorkingFrameTable();
+    if (!tableA || !tableB)
+        return nullptr;
+    const double t = TransitionFraction(frame, before->WorkingFrame(), after->WorkingFrame(), before->EaseOutMode(),
+                                        after->EaseInMode());
+    std::vector<CTavrin3DVertex> vectors = tableA->Vectors();
+    const std::size_t blended = std::min(vectors.size(), tableB->Vectors().size());
+    for (std::size_t i = 0; i < blended; ++i)
+        vectors[i] = LerpPoint(vectors[i], tableB->Vectors()[i], t);
+    return CTavrinKeyFrameDataPtr(
+        new CTavrinKeyFrameDataVertices(before->EntityID(), new CTavrinBasic3DVectorsTable(std::move(vectors))));
+}
+
 CTavrinKeyFrameDataPtr BetweenMorphs(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
     auto* before = dynamic_cast<CTavrinKeyFrameDataMorph*>(&beforeData);
     auto* after = dynamic_cast<CTavrinKeyFrameDataMorph*>(&afterData);
@@ -142,6 +165,8 @@ CTavrinKeyFrameDataPtr InterpolateKeyFrameData(CTavrinKeyFrameData& before, CTav
         return BetweenTransforms(before, after, frame);
     case KEYFRAME_CAMERA:
         return BetweenCameras(before, after, frame);
+    case KEYFRAME_VERTICES:
+        return BetweenVertices(before, after, frame);
     case KEYFRAME_SPHERICAL_CAMERA:
         return BetweenSphericalCameras(before, after, frame);
     case KEYFRAME_HIDE_SHOW:

@@ -1,5 +1,6 @@
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 
+#include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 #include "TavrinAnimation/src/TavrinKeyFrameEvaluation.h"
 #include "TavrinAnimation/src/TavrinProcessWideInstance.h"
 #include "TavrinAnimation/src/TavrinSequenceContainer.h"
@@ -114,6 +115,14 @@ CTavrinKeyFrameDataPtr CTavrinKeyFrameManager::KeyFrameDataAt(const CTavrinID& e
 }
 
 void CTavrinKeyFrameManager::Clear() {
+    // Vertices key frames lend their tables to document tables that outlive
+    // this manager: take them back before the key frames may go.
+    for (auto& [entity, track] : m_tracks) {
+        for (auto& [frame, data] : track) {
+            if (auto* vertices = dynamic_cast<CTavrinKeyFrameDataVertices*>(data.get()))
+                vertices->ReleaseTables();
+        }
+    }
     m_tracks.clear();
     m_entityRedirects.clear();
     m_serialCounters.clear();

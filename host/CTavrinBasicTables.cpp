@@ -1,0 +1,30 @@
+#include "host/CTavrinBasicTables.h"
+
+namespace Tavrin {
+
+bool CTavrinBasic3DVectorsTable::WriteIntoArchive(CTavrinArchiveBase* archive) {
+    int count = GetCount();
+    if (!archive->ReadWrite(count))
+        return false;
+    for (CTavrin3DVertex& vector : m_vectors) {
+        if (!vector.ArchiveReadWrite(*archive))
+            return false;
+    }
+    return true;
+}
+
+bool CTavrinBasic3DVectorsTable::ReadFromArchive(CTavrinArchiveBase* archive) {
+    m_vectors.clear();
+    int count = 0;
+    if (!archive->ReadWrite(count) || count < 0)
+        return false;
+    for (int i = 0; i < count; ++i) {
+        CTavrin3DVertex vector;
+        if (!vector.ArchiveReadWrite(*archive))
+            return false;
+        m_vectors.push_back(vector);
+    }
+    return true;
+}
+
+} // namespace Tavrin
