@@ -70,6 +70,14 @@ CTavrinBasicMaterial::CTavrinBasicMaterial() : DisplacementAmount(m_values, enum
 
 std::vector<std::pair<const char*, const CTavrinTexture*>> CTavrinBasicMaterial::TextureSlots() const
 {
+    std::vector<std::pair<const char*, const CTavrinTexture*>> slots;
+    for (const auto& [name, texture] : const_cast<CTavrinBasicMaterial*>(this)->EditableTextureSlots())
+        slots.emplace_back(name, texture);
+    return slots;
+}
+
+std::vector<std::pair<const char*, CTavrinTexture*>> CTavrinBasicMaterial::EditableTextureSlots()
+{
     return {{"Texture", &m_texture},
             {"SpecularMap", &m_specularMap},
             {"OcclusionMap", &m_occlusionMap},

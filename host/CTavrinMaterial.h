@@ -96,6 +96,30 @@ public:
     // Every texture slot by its name, in a fixed order, empty ones included.
     std::vector<std::pair<const char*, const CTavrinTexture*>> TextureSlots() const;
 
+    // The name under which archives store the kind, to make it again.
+    virtual CTavrinString TypeName() const;
+    // A new basic material of the kind that typeName names, or null.
+    static CTavrinBasicMaterial* CreateBasicMaterial(const CTavrinString& typeName);
+    static void Destroy(const CTavrinBasicMaterial* material);
+    // A new material of the same kind with the same name, values and textures.
+    CTavrinBasicMaterial* CreateCopy() const;
+    // A new general material between a (t = 0) and b (t = 1): the values
+    // that either assigned component by component, the textures and the name
+    // of the nearer one.
+    static CTavrinBasicMaterial* Interpolate(const CTavrinBasicMaterial& a, const CTavrinBasicMaterial& b,
+                                             double t);
+
+    // "Name", then every value of the material, colours as colour members
+    // and single values as doubles; an edit assigns the value.
+    void* DataMemberSearch(int index, enumDataMemberType& type, CTavrinString& name, bool changed) override;
+    // The material's own record: its members as described at the archive's
+    // version, in member order.
+    bool ReadFromArchive(CTavrinArchiveBase* archive) override;
+    bool WriteIntoArchive(CTavrinArchiveBase* archive) override;
+    // The part every kind shares: the texture file names in slot order.
+    bool ReadWriteGeneralPart(CTavrinArchiveBase& archive);
+    void TakeGeneralPart(const CTavrinBasicMaterial& other);
+
 protected:
     CTavrinMaterialValues m_values;
     CTavrinTexture m_texture;
@@ -104,6 +128,14 @@ protected:
     CTavrinTexture m_thicknessMap;
     CTavrinTexture m_roughnessMap;
     CTavrinTexture m_etaMap;
+
+private:
+    std::vector<std::pair<const char*, CTavrinTexture*>> EditableTextureSlots();
+
+    // What the value members show and edits land in before they are assigned.
+    static constexpr std::size_t valueCount = static_cast<std::size_t>(enumMaterialValue::Count);
+    std::array<CTavrinColor, valueCount> m_colourEdits;
+    std::array<double, valueCount> m_numberEdits{};
 };
 
 // The setter interface of basic materials. The fourth number of the colours
@@ -134,6 +166,7 @@ public:
     // A new basic material with the host's defaults, owned by the caller
     // until a material loads it.
     static CTavrinBasicGeneralMaterial* Create() { return new CTavrinBasicGeneralMaterial(); }
+    CTavrinString TypeName() const override;
 };
 
 class CTavrinMaterial : public CTavrinEntity {

@@ -1,11 +1,13 @@
 #include "TavrinAnimation/src/TavrinKeyFrameData.h"
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
+#include "host/CTavrinMaterial.h"
 
 namespace Tavrin {
 
@@ -13,6 +15,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
     switch (type) {
     case KEYFRAME_TRANSFORM:
         return CTavrinKeyFrameDataTransform::Create(entity, CTavrinMatrix());
+    case KEYFRAME_MATERIAL:
+        return new CTavrinKeyFrameDataMaterial(entity, CTavrinBasicGeneralMaterial::Create());
     case KEYFRAME_CAMERA:
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_VERTICES:

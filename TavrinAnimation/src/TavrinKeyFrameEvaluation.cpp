@@ -1,9 +1,11 @@
 #include "TavrinAnimation/src/TavrinKeyFrameEvaluation.h"
 
+#include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 #include "TavrinAnimation/src/TavrinTransformInterpolation.h"
+#include "host/CTavrinMaterial.h"
 #include "host/CTavrinTransform.h"
 
 #include <algorithm>
@@ -123,6 +125,24 @@ CTavrinKeyFrameDataPtr BetweenSphericalCameras(CTavrinKeyFrameData& beforeData, 
     return between;
 }
 
+// The two payloads blended with the ease of the pair. The blend keeps the
+// original entity of before when both payloads are the same (named)
+// material, else it belongs to after's.
+CTavrinKeyFrameDataPtr BetweenMaterials(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData,
+                                        int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataMaterial*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataMaterial*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const double t = TransitionFraction(frame, before->WorkingFrame(), after->WorkingFrame(), before->EaseOutMode(),
+                                        after->EaseInMode());
+    auto* between = new CTavrinKeyFrameDataMaterial(
+        before->EntityID(), CTavrinBasicMaterial::Interpolate(*before->Material(), *after->Material(), t));
+    const bool sameMaterial = before->Material()->Name() == after->Material()->Name();
+    between->SetOriginalEntityID(sameMaterial ? before->OriginalEntityID() : after->OriginalEntityID());
+    return between;
+}
+
 // Vector by vector, with the ease of the pair. Where the counts differ the
 // vectors past the shorter table are before's.
 CTavrinKeyFrameDataPtr BetweenVertices(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
@@ -165,6 +185,8 @@ CTavrinKeyFrameDataPtr InterpolateKeyFrameData(CTavrinKeyFrameData& before, CTav
         return BetweenTransforms(before, after, frame);
     case KEYFRAME_CAMERA:
         return BetweenCameras(before, after, frame);
+    case KEYFRAME_MATERIAL:
+        return BetweenMaterials(before, after, frame);
     case KEYFRAME_VERTICES:
         return BetweenVertices(before, after, frame);
     case KEYFRAME_SPHERICAL_CAMERA:
