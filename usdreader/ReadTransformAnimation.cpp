@@ -1,13 +1,51 @@
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
+#include "TavrinAnimation/src/TavrinSequence.h"
+#include "host/CTavrinSceneNode.h"
+#include "host/CTavrinTransform.h"
 #include "usdreader/CTavrinUSDReaderHandler.h"
+#include "usdreader/SequenceKeyFrames.h"
 
 PXR_NAMESPACE_USING_DIRECTIVE
 
 namespace Tavrin {
 
-// Transform key frames come with animation support; until then a node keeps its pose at time 0.
+// Every sample becomes a key frame at its whole frame; root nodes get the
+// root correction as their static matrix does. Unless the samples already
+// sit one per frame from 1 on, every whole frame from 0 to the last sample
+// is then baked from the sequence's own evaluation, so the application plays
+// the animation frame by frame; a baked frame that had a sample replaces it.
 void CTavrinUSDReaderHandler::ReadTransformAnimation(const UsdGeomXformable& xformable, CTavrinSceneNode* node,
                                                      CTavrinSceneNode* parentNode)
 {
+    CTavrinSequence& animationSequence = EnsureSequence(sequence);
+    CTavrinTransform* localTransform = node ? node->LocalTransform() : nullptr;
+    std::vector<double> times;
+    if (!localTransform || !xformable.GetTimeSamples(&times) || times.empty())
+        return;
+    const CTavrinID& entity = localTransform->ID();
+
+    const CTavrinMatrix correction = parentNode ? CTavrinMatrix() : rootMatrix;
+    for (const double time : times) {
+        // A transformation that cannot be computed leaves the identity.
+        GfMatrix4d localTransformation(1.0);
+        bool resetsXformStack = false;
+        xformable.GetLocalTransformation(&localTransformation, &resetsXformStack, UsdTimeCode(time));
+        const CTavrinKeyFrameDataPtr keyFrame =
+            CTavrinKeyFrameDataTransform::Create(entity, correction * ConvertMatrix(localTransformation));
+        StampFrame(*keyFrame, FrameOfTimeCode(time));
+        animationSequence.AddKeyFrameData(keyFrame, true);
+    }
+
+    const double last = times.back();
+    if (static_cast<double>(times.size()) == last || !(last > 0.0))
+        return;
+    for (int frame = 0; frame < last && bakedFrameBudget > 0; ++frame, --bakedFrameBudget) {
+        const CTavrinKeyFrameDataPtr evaluated = animationSequence.KeyFrameDataAt(entity, frame);
+        if (!dynamic_cast<CTavrinKeyFrameDataTransform*>(evaluated.get()))
+            continue;
+        StampFrame(*evaluated, frame);
+        animationSequence.AddKeyFrameData(evaluated, true);
+    }
 }
 
 } // namespace Tavrin

@@ -1,0 +1,44 @@
+#include "usdreader/SequenceKeyFrames.h"
+
+#include <cmath>
+#include <limits>
+
+#include "TavrinAnimation/src/TavrinSequence.h"
+#include "TavrinAnimation/src/TavrinSequenceContainer.h"
+
+namespace Tavrin {
+
+int FrameOfTimeCode(double time)
+{
+    if (std::isnan(time))
+        return 0;
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double highest = std::numeric_limits<int>::max();
+    if (time <= lowest)
+        return std::numeric_limits<int>::min();
+    if (time >= highest)
+        return std::numeric_limits<int>::max();
+    return static_cast<int>(time);
+}
+
+CTavrinSequence& EnsureSequence(CTavrinSequence*& sequence)
+{
+    if (!sequence) {
+        sequence = CTavrinSequence::Create();
+        CTavrinSequenceContainer* container = CTavrinSequenceContainer::GetInstance();
+        container->AddSequence(sequence);
+        sequence->SetGroup(container->CreateGroup());
+    }
+    return *sequence;
+}
+
+void StampFrame(CTavrinKeyFrameData& data, int frame)
+{
+    data.SetStartFrame(frame, false);
+    data.SetEndFrame(frame, false);
+    data.SetConstantSpeedStartFrame(frame);
+    data.SetConstantSpeedEndFrame(frame);
+    data.SetSerialNumber(frame);
+}
+
+} // namespace Tavrin
