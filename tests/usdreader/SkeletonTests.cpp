@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tests/usdreader/ImportSupport.h"
 
 using namespace Tavrin;
@@ -284,6 +286,30 @@ TEST(ReadSkinWeights, SplitVerticesCarryTheWeightsOfTheirSource)
     // Point 2 has no weight, so neither has its copy.
     EXPECT_THAT(Rig(result.json, "Body"),
                 ElementsAre(RigEntry{0, "A", 1}, RigEntry{1, "B", 0.5}, RigEntry{3, "B", 1}, RigEntry{5, "B", 0.5}));
+}
+
+TEST(ReadSkeleton, TheCorpusArmKeepsItsJointsAndWeights)
+{
+    const std::string arm = std::string(TAVRIN_CORPUS_DIR) + "/PixarAnimationStudios_OpenUSD/pxr/usd/usdSkel/doxygen/skinnedArm.usda";
+    if (!std::ifstream(arm))
+        GTEST_SKIP() << "no corpus file " << arm;
+    ScratchFolder scratch;
+    const ImportResult result = ImportFile(arm, scratch.Path().string());
+    const CTavrinJson& document = result.json;
+    EXPECT_EQ(NodeNamed(document, "Shoulder").at("parent"), NodeNamed(document, "Model").at("id"));
+    EXPECT_EQ(NodeNamed(document, "Hand").at("parent"), NodeNamed(document, "Elbow").at("id"));
+    EXPECT_THAT(TranslationOf(NodeNamed(document, "Hand").at("invBindMatrix")), ElementsAre(0, 0, -4));
+    EXPECT_THAT(TranslationOf(NodeNamed(document, "Hand").at("localMatrix")), ElementsAre(0, 0, 2));
+    // The identity bind transform replaced the Y-up, centimetre correction.
+    EXPECT_THAT(NodeNamed(document, "Arm").at("localMatrix"),
+                ElementsAre(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1));
+    const auto rig = Rig(document, "Arm");
+    ASSERT_EQ(rig.size(), 12u);
+    EXPECT_EQ(rig[0], (RigEntry{0, "Hand", 1}));
+    EXPECT_EQ(rig[4], (RigEntry{4, "Shoulder", 1}));
+    EXPECT_EQ(rig[11], (RigEntry{11, "Elbow", 1}));
+    // Its animation source is authored on the skeleton, which is not followed.
+    EXPECT_TRUE(document.at("sequence").is_null());
 }
 
 } // namespace
