@@ -105,14 +105,12 @@ void* CTavrinBasicMaterial::DataMemberSearch(int index, enumDataMemberType& type
 
 bool CTavrinBasicMaterial::WriteIntoArchive(CTavrinArchiveBase* archive)
 {
-    return CTavrinStructureDescription::StructureDescription(this, archive->Version())
-        .WriteDescribedStructure(archive, this);
+    return CTavrinStructureDescription::ArchiveDescribedMembers(*archive, *this);
 }
 
 bool CTavrinBasicMaterial::ReadFromArchive(CTavrinArchiveBase* archive)
 {
-    return CTavrinStructureDescription::StructureDescription(this, archive->Version())
-        .ReadDescripedStructureFromArchive(archive, this);
+    return CTavrinStructureDescription::ArchiveDescribedMembers(*archive, *this);
 }
 
 bool CTavrinBasicMaterial::ReadWriteGeneralPart(CTavrinArchiveBase& archive)

@@ -22,6 +22,8 @@ enum enumEntityType {
     ENTITY_MATERIAL,
     ENTITY_CAMERA,
     ENTITY_LINE_PATH,
+    ENTITY_LIGHT,
+    ENTITY_LIGHT_SOURCE,
 };
 
 // Names one entity of one document: the document's UUID and the entity's

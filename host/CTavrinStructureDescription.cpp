@@ -148,6 +148,13 @@ bool CTavrinStructureDescription::ReadDescripedStructureFromArchive(CTavrinArchi
     return true;
 }
 
+bool CTavrinStructureDescription::ArchiveDescribedMembers(CTavrinArchiveBase& archive,
+                                                          CTavrinDataMembersManager& object) {
+    const CTavrinStructureDescription description = StructureDescription(&object, archive.Version());
+    return archive.IsReaderArchive() ? description.ReadDescripedStructureFromArchive(&archive, &object)
+                                     : description.WriteDescribedStructure(&archive, &object);
+}
+
 bool CTavrinStructureDescription::WriteIntoArchive(CTavrinArchiveBase* archive) {
     unsigned int version = m_version;
     int count = static_cast<int>(m_fields.size());

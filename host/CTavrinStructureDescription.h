@@ -33,6 +33,10 @@ public:
     // others are read and dropped. A null target only reads past the record.
     bool ReadDescripedStructureFromArchive(CTavrinArchiveBase* archive, CTavrinDataMembersManager* target) const;
 
+    // Reads or writes, by the archive's direction, object's own record as
+    // its description at the archive's version lays it out.
+    static bool ArchiveDescribedMembers(CTavrinArchiveBase& archive, CTavrinDataMembersManager& object);
+
     // The version (int32), the field count (int32), then each field's name
     // (string) and type (int32). Reading refuses a type outside the five.
     bool ReadFromArchive(CTavrinArchiveBase* archive) override;

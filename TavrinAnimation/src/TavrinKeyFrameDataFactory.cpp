@@ -1,12 +1,14 @@
 #include "TavrinAnimation/src/TavrinKeyFrameData.h"
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
+#include "host/CTavrinLight.h"
 #include "host/CTavrinMaterial.h"
 
 namespace Tavrin {
@@ -21,6 +23,8 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_VERTICES:
         return new CTavrinKeyFrameDataVertices(entity, CTavrinBasic3DVectorsTable::Create());
+    case KEYFRAME_LIGHT:
+        return new CTavrinKeyFrameDataLight(entity, new CTavrinBasicPointLight());
     case KEYFRAME_ROUND_TABLE:
         return new CTavrinKeyFrameDataTransformRoundTable(entity, CTavrinMatrix());
     case KEYFRAME_BSPLINE_FOLLOWER:

@@ -1,10 +1,12 @@
 #include "TavrinAnimation/src/TavrinKeyFrameEvaluation.h"
 
+#include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 #include "TavrinAnimation/src/TavrinTransformInterpolation.h"
+#include "host/CTavrinLight.h"
 #include "host/CTavrinMaterial.h"
 #include "host/CTavrinTransform.h"
 
@@ -143,6 +145,21 @@ CTavrinKeyFrameDataPtr BetweenMaterials(CTavrinKeyFrameData& beforeData, CTavrin
     return between;
 }
 
+// The two lights blended with the ease of the pair; lights of two kinds do
+// not blend, and before then holds until after.
+CTavrinKeyFrameDataPtr BetweenLights(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
+    auto* before = dynamic_cast<CTavrinKeyFrameDataLight*>(&beforeData);
+    auto* after = dynamic_cast<CTavrinKeyFrameDataLight*>(&afterData);
+    if (!before || !after)
+        return nullptr;
+    const double t = TransitionFraction(frame, before->WorkingFrame(), after->WorkingFrame(), before->EaseOutMode(),
+                                        after->EaseInMode());
+    CTavrinBasicLight* blend = CTavrinBasicLight::Interpolate(*before->Light(), *after->Light(), t);
+    if (!blend)
+        return CTavrinKeyFrameDataPtr(before);
+    return CTavrinKeyFrameDataPtr(new CTavrinKeyFrameDataLight(before->EntityID(), blend));
+}
+
 // Vector by vector, with the ease of the pair. Where the counts differ the
 // vectors past the shorter table are before's.
 CTavrinKeyFrameDataPtr BetweenVertices(CTavrinKeyFrameData& beforeData, CTavrinKeyFrameData& afterData, int frame) {
@@ -187,6 +204,8 @@ CTavrinKeyFrameDataPtr InterpolateKeyFrameData(CTavrinKeyFrameData& before, CTav
         return BetweenCameras(before, after, frame);
     case KEYFRAME_MATERIAL:
         return BetweenMaterials(before, after, frame);
+    case KEYFRAME_LIGHT:
+        return BetweenLights(before, after, frame);
     case KEYFRAME_VERTICES:
         return BetweenVertices(before, after, frame);
     case KEYFRAME_SPHERICAL_CAMERA:
