@@ -2,10 +2,12 @@
 
 #include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransform.h"
-#include "host/CTavrinNodeQueries.h"
+#include "host/CTavrinDocument.h"
+#include "host/CTavrinSceneNode.h"
 #include "host/CTavrinTransform.h"
 
 #include <map>
+#include <set>
 
 namespace Tavrin {
 
@@ -68,14 +70,25 @@ CTavrinSequenceJsonWriter SequenceJsonWriter(const CTavrinSequence* sequence) {
     return [sequence](const CTavrinNodeIdLookup& nodeId) -> CTavrinJson {
         if (!sequence)
             return nullptr;
-        return SequenceToJson(*sequence, [&nodeId](const CTavrinID& entity) -> std::optional<int> {
+        // Every animated document is walked once, so that thousands of tracks
+        // do not each search the nodes; the first written node wins.
+        std::map<const CTavrinTransform*, int> nodeOfTransform;
+        std::set<const CTavrinDocument*> walked;
+        for (const auto& [entity, track] : sequence->Tracks()) {
             const auto* transform = dynamic_cast<const CTavrinTransform*>(entity.Entity());
-            for (const CTavrinSceneNode* node : ListSceneNodesReferencingThisTransform(transform)) {
-                const int id = nodeId(node);
+            if (!transform || !transform->Document() || !walked.insert(transform->Document()).second)
+                continue;
+            for (const CTavrinSceneNode* node : transform->Document()->SceneNodes()) {
+                const int id = node->LocalTransform() ? nodeId(node) : -1;
                 if (id >= 0)
-                    return id;
+                    nodeOfTransform.emplace(node->LocalTransform(), id);
             }
-            return std::nullopt;
+        }
+        return SequenceToJson(*sequence, [&nodeOfTransform](const CTavrinID& entity) -> std::optional<int> {
+            const auto found = nodeOfTransform.find(dynamic_cast<const CTavrinTransform*>(entity.Entity()));
+            if (found == nodeOfTransform.end())
+                return std::nullopt;
+            return found->second;
         });
     };
 }
