@@ -1,7 +1,6 @@
 #include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
 
 #include "TavrinAnimation/src/TavrinSequence.h"
-#include "TavrinAnimation/src/TavrinSequenceContainer.h"
 #include "host/CTavrinArchive.h"
 
 #include <vector>
@@ -23,13 +22,12 @@ void CTavrinAnimationCollapsingGroup::RemoveSequence(CTavrinSequence* sequence) 
 }
 
 bool CTavrinAnimationCollapsingGroup::WriteRecord(CTavrinArchiveBase& archive,
-                                                  const CTavrinSequenceContainer& container) {
+                                                  const std::function<bool(const CTavrinUUID&)>& isWritten) {
     if (archive.Version() < SequenceGroupsVersion || !archive.IsDocumentArchive())
         return true;
     std::vector<CTavrinUUID> written;
     for (const CTavrinUUID& uuid : m_sequences) {
-        const CTavrinSequence* sequence = container.FindSequence(uuid);
-        if (sequence && !sequence->IsNotSaved())
+        if (isWritten(uuid))
             written.push_back(uuid);
     }
     unsigned int count = static_cast<unsigned int>(written.size());

@@ -1,17 +1,17 @@
 #pragma once
-// A named, ordered group that sequences are sorted into in the application's
-// animation panel. Owned by the sequence container.
+// A named, ordered group that sequences (or scene states) are sorted into in
+// the application's animation panel. Owned by its container.
 
 #include "host/CTavrinString.h"
 #include "host/CTavrinUUID.h"
 
+#include <functional>
 #include <set>
 
 namespace Tavrin {
 
 class CTavrinArchiveBase;
 class CTavrinSequence;
-class CTavrinSequenceContainer;
 
 class CTavrinAnimationCollapsingGroup {
 public:
@@ -28,10 +28,13 @@ public:
 
     void AddSequence(CTavrinSequence* sequence);
     void RemoveSequence(CTavrinSequence* sequence);
+    // Members by UUID, for containers of other things than sequences.
+    void AddMember(const CTavrinUUID& uuid) { m_sequences.insert(uuid); }
+    void RemoveMember(const CTavrinUUID& uuid) { m_sequences.erase(uuid); }
     const std::set<CTavrinUUID>& SequenceGuids() const { return m_sequences; }
 
-    // Lists only the sequences that container registers and writes.
-    bool WriteRecord(CTavrinArchiveBase& archive, const CTavrinSequenceContainer& container);
+    // Lists only the members that the container registers and writes.
+    bool WriteRecord(CTavrinArchiveBase& archive, const std::function<bool(const CTavrinUUID&)>& isWritten);
     bool ReadRecord(CTavrinArchiveBase& archive);
 
 private:

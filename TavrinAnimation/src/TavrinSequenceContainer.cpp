@@ -1,5 +1,6 @@
 #include "TavrinAnimation/src/TavrinSequenceContainer.h"
 
+#include "TavrinAnimation/src/TavrinCollapsingGroupRecords.h"
 #include "TavrinAnimation/src/TavrinProcessWideInstance.h"
 #include "host/CTavrinArchive.h"
 
@@ -48,17 +49,7 @@ void CTavrinSequenceContainer::AddSequence(CTavrinSequence* sequence) {
 }
 
 CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::CreateGroup() {
-    CTavrinUUID uuid;
-    // A generated UUID that is already a key would leave the new group
-    // without an owner; draw again rather than lose it.
-    do {
-        uuid.Generate();
-    } while (m_groups.count(uuid));
-    auto group = std::make_unique<CTavrinAnimationCollapsingGroup>(
-        uuid, CTavrinString("Group ") + CTavrinString(++s_groupCounter), static_cast<int>(m_groups.size()));
-    CTavrinAnimationCollapsingGroup* created = group.get();
-    m_groups.emplace(uuid, std::move(group));
-    return created;
+    return CreateCollapsingGroup(m_groups, s_groupCounter);
 }
 
 CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::FindGroup(const CTavrinUUID& uuid) const {
@@ -85,20 +76,10 @@ bool CTavrinSequenceContainer::WriteIntoArchive(CTavrinArchiveBase& archive) {
     }
     if (archive.Version() < SequenceGroupsVersion)
         return true;
-
-    unsigned int groupCount = 0;
-    for (const auto& entry : m_groups)
-        groupCount += entry.second->IsNotSaved() ? 0 : 1;
-    if (!archive.ReadWrite(groupCount))
-        return false;
-    for (auto& entry : m_groups) {
-        if (!entry.second->IsNotSaved() && !entry.second->WriteRecord(archive, *this))
-            return false;
-    }
-    if (!m_defaultGroup->WriteRecord(archive, *this))
-        return false;
-    CTavrinUUID current = s_currentGroup ? s_currentGroup->Guid() : m_defaultGroup->Guid();
-    return archive.ReadWrite(current);
+    return WriteCollapsingGroups(archive, m_groups, *m_defaultGroup, s_currentGroup, [this](const CTavrinUUID& uuid) {
+        const CTavrinSequence* sequence = FindSequence(uuid);
+        return sequence && !sequence->IsNotSaved();
+    });
 }
 
 bool CTavrinSequenceContainer::ReadFromArchive(CTavrinArchiveBase& archive) {
@@ -119,18 +100,8 @@ bool CTavrinSequenceContainer::ReadFromArchive(CTavrinArchiveBase& archive) {
             m_defaultGroupSequences.push_back(sequence);
     }
     if (read && archive.Version() >= SequenceGroupsVersion) {
-        unsigned int groupCount = 0;
-        read = archive.ReadWrite(groupCount);
-        for (unsigned int i = 0; read && i < groupCount; ++i) {
-            auto group = std::make_unique<CTavrinAnimationCollapsingGroup>();
-            read = group->ReadRecord(archive);
-            if (read) {
-                const CTavrinUUID uuid = group->Guid();
-                m_groups[uuid] = std::move(group);
-            }
-        }
         CTavrinUUID current;
-        read = read && m_defaultGroup->ReadRecord(archive) && archive.ReadWrite(current);
+        read = ReadCollapsingGroups(archive, m_groups, *m_defaultGroup, current);
         if (read)
             s_currentGroup = FindGroup(current);
     }

@@ -2,7 +2,7 @@
 // Every registered sequence of the process and the collapsing groups they are
 // sorted into; archived with the document.
 
-#include "TavrinAnimation/src/TavrinAnimationCollapsingGroup.h"
+#include "TavrinAnimation/src/TavrinCollapsingGroupRecords.h"
 #include "TavrinAnimation/src/TavrinSequence.h"
 
 #include <map>
@@ -46,7 +46,7 @@ public:
 private:
     std::map<CTavrinUUID, CTavrinSequencePtr> m_sequences;
     std::unique_ptr<CTavrinAnimationCollapsingGroup> m_defaultGroup;
-    std::map<CTavrinUUID, std::unique_ptr<CTavrinAnimationCollapsingGroup>> m_groups;
+    CollapsingGroupMap m_groups;
     std::vector<CTavrinSequence*> m_recentlyAdded;
     bool m_accumulate = false;
     std::vector<CTavrinSequencePtr> m_defaultGroupSequences;
