@@ -3,6 +3,9 @@
 // members and the archive records.
 
 #include "host/CTavrinMaterial.h"
+
+#include "host/CTavrinDocument.h"
+#include "host/CTavrinGeometry.h"
 #include "host/CTavrinStructureDescription.h"
 
 namespace Tavrin {
@@ -131,6 +134,25 @@ void CTavrinBasicMaterial::TakeGeneralPart(const CTavrinBasicMaterial& other)
     const auto to = EditableTextureSlots();
     for (std::size_t slot = 0; slot < to.size(); ++slot)
         *to[slot].second = *from[slot].second;
+}
+
+void CTavrinMaterial::ReplaceWith(const CTavrinBasicMaterial& source)
+{
+    if (CTavrinBasicMaterial* copy = source.CreateCopy())
+        LoadBasicMaterial(copy, false);
+}
+
+std::vector<CTavrin3DObject*> CTavrinMaterial::GetObjectsReferencingThisMaterial() const
+{
+    std::vector<CTavrin3DObject*> objects;
+    if (!Document())
+        return objects;
+    for (CTavrinSceneNode* node : Document()->SceneNodes()) {
+        auto* object = dynamic_cast<CTavrin3DObject*>(node);
+        if (object && object->Material() == this)
+            objects.push_back(object);
+    }
+    return objects;
 }
 
 } // namespace Tavrin

@@ -11,6 +11,7 @@
 
 namespace Tavrin {
 
+class CTavrin3DObject;
 class CTavrinDocument;
 
 // The values a basic material's setters assign: name, number of components
@@ -178,9 +179,18 @@ public:
     // host to rebuild previews, which this model has none of.
     void LoadBasicMaterial(const CTavrinBasicMaterial* basicMaterial, bool refreshPreview);
     const CTavrinBasicMaterial* BasicMaterial() const { return m_basicMaterial.get(); }
+    // Loads a copy of source (nothing when its kind cannot be made again).
+    void ReplaceWith(const CTavrinBasicMaterial& source);
+    // Materials made only to show a blend stay out of the application's
+    // material lists.
+    void MarkAsHidden(bool hidden) { m_hidden = hidden; }
+    bool IsHidden() const { return m_hidden; }
+    // The 3D objects of the document drawn with this material.
+    std::vector<CTavrin3DObject*> GetObjectsReferencingThisMaterial() const;
 
 private:
     std::unique_ptr<const CTavrinBasicMaterial> m_basicMaterial;
+    bool m_hidden = false;
 };
 
 } // namespace Tavrin

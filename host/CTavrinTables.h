@@ -13,6 +13,7 @@ namespace Tavrin {
 
 class CTavrinBasic3DVectorsTable;
 class CTavrinDocument;
+class CTavrinGeometry;
 class CTavrinSkeletonJoint;
 
 // Tables hold millions of entries: each keeps its entries in one contiguous
@@ -35,6 +36,9 @@ public:
     // The same, counted as a change of what the table shows.
     void ReplaceBasicTable(const CTavrinBasic3DVectorsTable* table);
     const CTavrinBasic3DVectorsTable* LentBasicTable() const { return m_lentTable; }
+    // The geometries of the document that use this table for their
+    // vertices or their normals.
+    std::vector<CTavrinGeometry*> ListGeometriesReferencingThisTable() const;
     // How many times ReplaceBasicTable changed what the table shows.
     int ShownTableRevision() const { return m_shownTableRevision; }
 

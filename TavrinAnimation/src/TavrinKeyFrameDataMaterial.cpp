@@ -49,10 +49,8 @@ void CTavrinKeyFrameDataMaterial::ApplyFromManager(CTavrinKeyFrameManager* manag
 
 void CTavrinKeyFrameDataMaterial::Apply() {
     auto* material = dynamic_cast<CTavrinMaterial*>(EntityID().Entity());
-    if (!material)
-        return;
-    if (CTavrinBasicMaterial* copy = m_material->CreateCopy())
-        material->LoadBasicMaterial(copy, false);
+    if (material)
+        material->ReplaceWith(*m_material);
 }
 
 CTavrinKeyFrameData* CTavrinKeyFrameDataMaterial::CreateCopy(bool atWorkingFrame) const {
