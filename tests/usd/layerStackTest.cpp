@@ -44,14 +44,15 @@ TEST_F(LayerStackTest, ChildrenOfWeakerLayersComeFirst)
 
 TEST_F(LayerStackTest, SublayerOffsetMovesSamples)
 {
-    // The weak layer sits at offset 10, scale 2: its samples at 0 and 10
-    // appear at 10 and 30.
+    // The weak layer sits at offset 10, scale 2, and counts 24 time codes a
+    // second under a root counting 30, which stretches it by 1.25 more: its
+    // samples at 0 and 10 appear at 10 and 35.
     std::vector<double> times;
     EXPECT_TRUE(Attribute(stage, "/World", "spin").GetTimeSamples(&times));
-    EXPECT_THAT(times, ElementsAre(10.0, 30.0));
-    // Stage time 20 is the layer's time 5, halfway between 0 and 100.
-    EXPECT_DOUBLE_EQ(DoubleAt(stage, "/World", "spin", 20.0), 50.0);
-    EXPECT_DOUBLE_EQ(DoubleAt(stage, "/World", "spin", 30.0), 100.0);
+    EXPECT_THAT(times, ElementsAre(10.0, 35.0));
+    // Stage time 20 is the layer's time 4, 40% of the way from 0 to 100.
+    EXPECT_DOUBLE_EQ(DoubleAt(stage, "/World", "spin", 20.0), 40.0);
+    EXPECT_DOUBLE_EQ(DoubleAt(stage, "/World", "spin", 35.0), 100.0);
     EXPECT_DOUBLE_EQ(DoubleAt(stage, "/World", "spin", 0.0), 0.0);
 }
 
@@ -94,4 +95,31 @@ TEST(LayerStackCycles, SublayerAndReferenceCyclesAreReportedNotFollowed)
     EXPECT_EQ(DoubleAt(stage, "/A", "fromA"), 1.0);
     EXPECT_EQ(DoubleAt(stage, "/A", "fromSub"), 3.0);
     EXPECT_EQ(DoubleAt(stage, "/A", "fromB"), 2.0);
+}
+
+// Layers counting time at other rates than the layer that brings them in are
+// stretched to its rate: a rate is the authored time codes per second, else
+// the authored frames per second, else 24.
+TEST(LayerStackTimeScale, SublayersAndReferencesAreStretchedToTheirParentsRate)
+{
+    const UsdStageRefPtr stage = OpenStage("timeScale_root.usda");
+    ASSERT_TRUE(stage);
+    std::vector<double> times;
+
+    // 48 per second under 24: half the times, then the offset of 10.
+    EXPECT_TRUE(Attribute(stage, "/Fast", "spin").GetTimeSamples(&times));
+    EXPECT_THAT(times, ElementsAre(10.0, 34.0));
+
+    // A referenced layer at 12 frames per second: twice the times.
+    EXPECT_TRUE(Attribute(stage, "/Shot", "spin").GetTimeSamples(&times));
+    EXPECT_THAT(times, ElementsAre(2.0, 6.0));
+    EXPECT_DOUBLE_EQ(DoubleAt(stage, "/Shot", "spin", 4.0), 20.0);
+
+    // An internal reference stays in its layer stack's time.
+    EXPECT_TRUE(Attribute(stage, "/Local", "spin").GetTimeSamples(&times));
+    EXPECT_THAT(times, ElementsAre(2.0, 6.0));
+
+    // A rate of zero gives no ratio: the layer keeps its own times.
+    EXPECT_TRUE(Attribute(stage, "/Broken", "spin").GetTimeSamples(&times));
+    EXPECT_THAT(times, ElementsAre(4.0));
 }

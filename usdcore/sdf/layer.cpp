@@ -134,6 +134,21 @@ std::vector<SdfLayerOffset> SdfLayer::GetSubLayerOffsets() const
     return offsets;
 }
 
+double SdfLayer::GetTimeCodesPerSecond() const
+{
+    double timeCodesPerSecond = 0.0;
+    if (_data.Has(SdfPath::AbsoluteRootPath(), SdfFieldKeys->TimeCodesPerSecond, &timeCodesPerSecond))
+        return timeCodesPerSecond;
+    return GetFramesPerSecond();
+}
+
+double SdfLayer::GetFramesPerSecond() const
+{
+    double framesPerSecond = 24.0;
+    _data.Has(SdfPath::AbsoluteRootPath(), SdfFieldKeys->FramesPerSecond, &framesPerSecond);
+    return framesPerSecond;
+}
+
 bool SdfLayer::ExportToString(std::string* result) const
 {
     result->clear();

@@ -61,6 +61,11 @@ public:
     TfToken GetDefaultPrim() const;
     std::vector<std::string> GetSubLayerPaths() const;
     std::vector<SdfLayerOffset> GetSubLayerOffsets() const;
+    /// The authored time codes per second, else the authored frames per
+    /// second, else 24.
+    double GetTimeCodesPerSecond() const;
+    /// The authored frames per second, else 24.
+    double GetFramesPerSecond() const;
 
     /// The layer as text; false when it cannot be written.
     bool ExportToString(std::string* result) const;

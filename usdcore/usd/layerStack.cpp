@@ -7,6 +7,7 @@
 #include "usdcore/tf/stringUtils.h"
 
 #include <algorithm>
+#include <cmath>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -89,6 +90,16 @@ const Usd_LayerStack* Usd_LayerCache::_BuildStack(const std::string& key, const 
     return result;
 }
 
+void Usd_ScaleOffsetByTimeCodesPerSecond(const SdfLayer& outerLayer, const SdfLayer& innerLayer,
+                                         SdfLayerOffset* offset)
+{
+    const double outerRate = outerLayer.GetTimeCodesPerSecond();
+    const double innerRate = innerLayer.GetTimeCodesPerSecond();
+    const double ratio = outerRate / innerRate;
+    if (outerRate != innerRate && std::isfinite(ratio) && ratio > 0.0)
+        offset->SetScale(offset->GetScale() * ratio);
+}
+
 void Usd_LayerCache::_AddLayers(const SdfLayerRefPtr& layer, const SdfLayerOffset& offset,
                                 std::vector<const SdfLayer*>* chain,
                                 std::vector<Usd_LayerStackEntry>* layers)
@@ -124,10 +135,11 @@ void Usd_LayerCache::_AddLayers(const SdfLayerRefPtr& layer, const SdfLayerOffse
             continue;
         }
         SdfLayerOffset subOffset = subLayerOffsets[i];
-        if (!subOffset.IsValid()) {
+        if (!subOffset.IsValid() || !subOffset.GetInverse().IsValid()) {
             TF_WARN("invalid offset of sublayer '%s' ignored", path.c_str());
             subOffset = SdfLayerOffset();
         }
+        Usd_ScaleOffsetByTimeCodesPerSecond(*layer, *subLayer, &subOffset);
         _AddLayers(subLayer, offset * subOffset, chain, layers);
     }
     chain->pop_back();

@@ -41,6 +41,12 @@ private:
 /// package ("scene.usdz[textures/wood.png]").
 std::string Usd_AnchorAssetPath(const SdfLayer& layer, const std::string& assetPath);
 
+/// Stretches offset, which maps the times of a layer counting innerLayer's
+/// time codes per second into outerLayer's, by the ratio of the two rates.
+/// Rates that give no finite positive ratio leave it alone.
+void Usd_ScaleOffsetByTimeCodesPerSecond(const SdfLayer& outerLayer, const SdfLayer& innerLayer,
+                                         SdfLayerOffset* offset);
+
 class Usd_LayerCache
 {
 public:

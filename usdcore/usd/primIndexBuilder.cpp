@@ -263,7 +263,12 @@ void Usd_PrimIndexBuilder::_AddReferenceArcs(Usd_IndexGraph* graph, int owner, U
                     targetPath.GetText());
             arcOffset = SdfLayerOffset();
         }
-        const ArcTarget target{stack, targetPath, node.offset * entry.offset * arcOffset,
+        SdfLayerOffset targetOffset = entry.offset * arcOffset;
+        // An external layer stack counting time at another rate than the
+        // layer that points at it is stretched to that layer's rate.
+        if (!internal)
+            Usd_ScaleOffsetByTimeCodesPerSecond(*entry.layer, *stack->GetRootLayer(), &targetOffset);
+        const ArcTarget target{stack, targetPath, node.offset * targetOffset,
                                _KeepMap(Usd_NamespaceMap::ForArc(*node.map, targetPath, site, internal))};
         _AddArc(graph, owner, arcType, target, siblingNum++, primPath);
     }
