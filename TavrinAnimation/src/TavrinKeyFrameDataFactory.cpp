@@ -8,6 +8,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
+#include "host/CTavrinApplicationServices.h"
 #include "host/CTavrinLight.h"
 #include "host/CTavrinMaterial.h"
 
@@ -22,7 +23,7 @@ CTavrinKeyFrameData* CreateKeyFrameData(const CTavrinID& entity, int type) {
     case KEYFRAME_CAMERA:
         return new CTavrinKeyFrameDataTransformCamera(entity, CTavrinBasicCamera());
     case KEYFRAME_VERTICES:
-        return new CTavrinKeyFrameDataVertices(entity, CTavrinBasic3DVectorsTable::Create());
+        return new CTavrinKeyFrameDataVertices(entity, CTavrinTablesCreator::getInstance()->CreateBasic3DVectorsTable());
     case KEYFRAME_LIGHT:
         return new CTavrinKeyFrameDataLight(entity, new CTavrinBasicPointLight());
     case KEYFRAME_ROUND_TABLE:

@@ -1,5 +1,6 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
 
+#include "TavrinAnimation/src/TavrinArchiveValues.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "host/CTavrinArchive.h"
 #include "host/CTavrinLight.h"
@@ -24,7 +25,7 @@ CTavrinKeyFrameDataLight::CTavrinKeyFrameDataLight(const CTavrinID& entity, CTav
     : CTavrinKeyFrameData(entity), m_light(light ? light : new CTavrinBasicPointLight()) {}
 
 CTavrinKeyFrameDataLight::CTavrinKeyFrameDataLight(const CTavrinKeyFrameDataLight& other)
-    : CTavrinKeyFrameData(other), m_light(other.m_light->CreateCopy()) {
+    : CTavrinKeyFrameData(other), m_light(CreateArchivableCopyOf(*other.m_light)) {
     if (!m_light)
         m_light = new CTavrinBasicPointLight();
 }

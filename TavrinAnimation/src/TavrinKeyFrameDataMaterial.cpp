@@ -1,5 +1,6 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 
+#include "TavrinAnimation/src/TavrinArchiveValues.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "host/CTavrinArchive.h"
 #include "host/CTavrinMaterial.h"
@@ -24,7 +25,7 @@ CTavrinKeyFrameDataMaterial::CTavrinKeyFrameDataMaterial(const CTavrinID& entity
     : CTavrinKeyFrameData(entity), m_material(material ? material : CTavrinBasicGeneralMaterial::Create()) {}
 
 CTavrinKeyFrameDataMaterial::CTavrinKeyFrameDataMaterial(const CTavrinKeyFrameDataMaterial& other)
-    : CTavrinKeyFrameData(other), m_material(other.m_material->CreateCopy()) {
+    : CTavrinKeyFrameData(other), m_material(CreateArchivableCopyOf(*other.m_material)) {
     if (!m_material)
         m_material = CTavrinBasicGeneralMaterial::Create();
 }

@@ -1,5 +1,6 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 
+#include "host/CTavrinApplicationServices.h"
 #include "host/CTavrinArchive.h"
 #include "host/CTavrinTables.h"
 
@@ -92,8 +93,9 @@ bool CTavrinKeyFrameDataVertices::ReadFromArchive(CTavrinArchiveBase* archive) {
     int count = 0;
     bool read = archive->ReadWrite(count) && count >= 0;
     for (int i = 0; read && i < count; ++i) {
-        auto table = std::make_unique<CTavrinBasic3DVectorsTable>();
-        read = table->ArchiveReadWrite(*archive);
+        std::unique_ptr<CTavrinBasic3DVectorsTable> table(
+            CTavrinTablesCreator::getInstance()->CreateBasic3DVectorsTable());
+        read = table && table->ArchiveReadWrite(*archive);
         if (read)
             m_tables.push_back(std::move(table));
     }
