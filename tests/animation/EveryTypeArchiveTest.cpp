@@ -1,0 +1,90 @@
+// A manager holding one track of each of the ten kinds of key frame data
+// survives writing and reading: the factory makes every type code again and
+// each record reads back what it wrote.
+
+#include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataMorph.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformRoundTable.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
+#include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
+#include "TavrinAnimation/src/TavrinKeyFrameManager.h"
+#include "AnimationTestEntities.h"
+#include "ArchiveTestSupport.h"
+#include "host/CTavrinLight.h"
+#include "host/CTavrinLinePath.h"
+#include "host/CTavrinMaterial.h"
+
+#include <gtest/gtest.h>
+
+using namespace Tavrin;
+
+TEST(EveryTypeArchive, EachKindComesBackUnderItsTypeCode) {
+    AnimationTestEntities entities;
+    CTavrinDocument* document = entities.Document();
+    CTavrinLight* light = CTavrinLight::Create(document);
+    CTavrinLightSource::Create(document)->SetLight(light);
+    CTavrinLinePath* path = CTavrinLinePath::Create(document);
+
+    std::vector<CTavrinID> animated;
+    for (int type = 0; type < 10; ++type)
+        animated.push_back(type == KEYFRAME_LIGHT ? light->ID() : entities.NewTransform());
+
+    CTavrinBasicGeneralMaterial* material = CTavrinBasicGeneralMaterial::Create();
+    material->SetAlpha(0.5, true);
+    auto* lightPayload = new CTavrinBasicPointLight();
+    lightPayload->SetRange(2);
+    auto* follower = new CTavrinKeyFrameDataTransformBSplineFollower(animated[6], CTavrinMatrix());
+    follower->SetPath(path->ID(), CTavrinID());
+    auto* spherical = new CTavrinKeyFrameDataTransformSphericalCamera(animated[7], CTavrinBasicCamera());
+    spherical->SetGrid(1, 2, 3, false);
+    auto* roundTable = new CTavrinKeyFrameDataTransformRoundTable(animated[5], CTavrinMatrix());
+    roundTable->SetAngle(90);
+    const CTavrinKeyFrameDataPtr written[10] = {
+        CTavrinKeyFrameDataTransform::Create(animated[0], CTavrinMatrix::CreateTranslation(1, 0, 0)),
+        new CTavrinKeyFrameDataMaterial(animated[1], material),
+        new CTavrinKeyFrameDataTransformCamera(animated[2], CTavrinBasicCamera()),
+        new CTavrinKeyFrameDataVertices(animated[3], new CTavrinBasic3DVectorsTable({CTavrin3DVertex(1, 2, 3)})),
+        new CTavrinKeyFrameDataLight(animated[4], lightPayload),
+        roundTable,
+        follower,
+        spherical,
+        new CTavrinKeyFrameDataHideShow(animated[8], false),
+        new CTavrinKeyFrameDataMorph(animated[9], animated[0], 0.75),
+    };
+    CTavrinKeyFrameManager manager;
+    for (const CTavrinKeyFrameDataPtr& data : written)
+        manager.AddKeyFrameData(data, true);
+
+    TestWriter writer(NewestArchiveVersion);
+    ASSERT_TRUE(manager.ArchiveReadWrite(writer.archive()));
+    FileVersionScope file(NewestArchiveVersion);
+    TestReader reader(writer.Bytes(), NewestArchiveVersion);
+    CTavrinKeyFrameManager read;
+    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
+    EXPECT_TRUE(reader.AtEnd());
+
+    ASSERT_EQ(read.Tracks().size(), 10u);
+    for (int type = 0; type < 10; ++type) {
+        SCOPED_TRACE(type);
+        const CTavrinKeyFrameManager::Track* track = read.FindTrack(animated[type]);
+        ASSERT_NE(track, nullptr);
+        ASSERT_EQ(track->size(), 1u);
+        EXPECT_EQ(track->begin()->second->Type(), type);
+    }
+    const auto first = [&](int type) { return read.FindTrack(animated[type])->begin()->second.get(); };
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataMaterial*>(first(1))->Material()->Values().Value(
+                  enumMaterialValue::Alpha)[0],
+              0.5);
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataVertices*>(first(3))->Table(0)->Vectors()[0], CTavrin3DVertex(1, 2, 3));
+    EXPECT_EQ(dynamic_cast<const CTavrinBasicPointLight*>(dynamic_cast<CTavrinKeyFrameDataLight*>(first(4))->Light())
+                  ->Range(),
+              2.0);
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformRoundTable*>(first(5))->Angle(), 90.0);
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformBSplineFollower*>(first(6))->PathID(), path->ID());
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformSphericalCamera*>(first(7))->Columns(), 3);
+    EXPECT_FALSE(dynamic_cast<CTavrinKeyFrameDataHideShow*>(first(8))->Hide());
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataMorph*>(first(9))->Weight(), 0.75);
+}
