@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Tavrin {
 
@@ -126,7 +127,11 @@ void CTavrinKeyFrameData::ShiftFrames(int offset) {
 void CTavrinKeyFrameData::ScaleFrames(double factor) {
     if (factor < 1.0)
         return;
-    const auto scaled = [factor](int frame) { return static_cast<int>(std::trunc(frame * factor)); };
+    const auto scaled = [factor](int frame) {
+        const double product = std::trunc(frame * factor);
+        return static_cast<int>(std::clamp(product, static_cast<double>(std::numeric_limits<int>::min()),
+                                           static_cast<double>(std::numeric_limits<int>::max())));
+    };
     m_workingFrame = scaled(m_workingFrame);
     m_startFrame = std::max(scaled(m_startFrame), 0);
     m_workingFrame = std::max(m_workingFrame, m_startFrame);
@@ -171,6 +176,12 @@ bool CTavrinKeyFrameData::ReadFromArchive(CTavrinArchiveBase* archive) {
         !archive->ReadWrite(m_startFrame) || !archive->ReadWrite(m_endFrame) ||
         !archive->ReadWrite(m_workingFrame))
         return false;
+    // Frames are never negative in memory (the setters see to it); a record
+    // that says otherwise is damaged, and differences of frames must not
+    // overflow.
+    m_startFrame = std::max(m_startFrame, 0);
+    m_endFrame = std::max(m_endFrame, 0);
+    m_workingFrame = std::max(m_workingFrame, 0);
     if (m_startFrame == m_endFrame)
         m_constantSpeedStartFrame = m_constantSpeedEndFrame = m_startFrame;
 

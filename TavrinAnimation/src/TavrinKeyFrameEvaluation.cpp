@@ -20,7 +20,8 @@ namespace {
 double LinearByFrame(double valueA, double valueB, int frame, int frameA, int frameB) {
     if (frameA == frameB)
         return valueA;
-    return valueA + static_cast<double>(frame - frameA) / static_cast<double>(frameB - frameA) * (valueB - valueA);
+    const double span = static_cast<double>(frameB) - frameA;
+    return valueA + (static_cast<double>(frame) - frameA) / span * (valueB - valueA);
 }
 
 // The matrix between two transform members, blended in the space the

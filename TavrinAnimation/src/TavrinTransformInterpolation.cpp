@@ -111,7 +111,7 @@ double TransitionFraction(int frame, int frameA, int frameB, int easeOutA, int e
     if (frame <= lo)
         return 0.0;
     const bool linear = (easeOutA & ~kEaseOutNeutralBit) == 0 && (easeInB == 0 || easeInB == 1);
-    return linear ? static_cast<double>(frame - lo) / static_cast<double>(hi - lo)
+    return linear ? (static_cast<double>(frame) - lo) / (static_cast<double>(hi) - lo)
                   : EasedFraction(hi - lo, frame - lo, easeOutA, easeInB);
 }
 

@@ -1,6 +1,7 @@
 // A manager holding one track of each of the ten kinds of key frame data
 // survives writing and reading: the factory makes every type code again and
-// each record reads back what it wrote.
+// each record reads back what it wrote. Cut or damaged copies of that record
+// fail or read, and never crash.
 
 #include "TavrinAnimation/src/TavrinKeyFrameDataHideShow.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
@@ -21,14 +22,24 @@
 
 using namespace Tavrin;
 
-TEST(EveryTypeArchive, EachKindComesBackUnderItsTypeCode) {
+namespace {
+
+class EveryTypeArchive : public ::testing::Test {
+protected:
+    // The manager's record with one key frame of each kind.
+    std::vector<std::uint8_t> WriteEveryKind();
+
     AnimationTestEntities entities;
+    std::vector<CTavrinID> animated;
+    CTavrinID pathID;
+};
+
+std::vector<std::uint8_t> EveryTypeArchive::WriteEveryKind() {
     CTavrinDocument* document = entities.Document();
     CTavrinLight* light = CTavrinLight::Create(document);
     CTavrinLightSource::Create(document)->SetLight(light);
     CTavrinLinePath* path = CTavrinLinePath::Create(document);
 
-    std::vector<CTavrinID> animated;
     for (int type = 0; type < 10; ++type)
         animated.push_back(type == KEYFRAME_LIGHT ? light->ID() : entities.NewTransform());
 
@@ -59,9 +70,17 @@ TEST(EveryTypeArchive, EachKindComesBackUnderItsTypeCode) {
         manager.AddKeyFrameData(data, true);
 
     TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(manager.ArchiveReadWrite(writer.archive()));
+    EXPECT_TRUE(manager.ArchiveReadWrite(writer.archive()));
+    pathID = path->ID();
+    return writer.Bytes();
+}
+
+} // namespace
+
+TEST_F(EveryTypeArchive, EachKindComesBackUnderItsTypeCode) {
+    const std::vector<std::uint8_t> bytes = WriteEveryKind();
     FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
+    TestReader reader(bytes, NewestArchiveVersion);
     CTavrinKeyFrameManager read;
     ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
     EXPECT_TRUE(reader.AtEnd());
@@ -83,8 +102,39 @@ TEST(EveryTypeArchive, EachKindComesBackUnderItsTypeCode) {
                   ->Range(),
               2.0);
     EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformRoundTable*>(first(5))->Angle(), 90.0);
-    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformBSplineFollower*>(first(6))->PathID(), path->ID());
+    EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformBSplineFollower*>(first(6))->PathID(), pathID);
     EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataTransformSphericalCamera*>(first(7))->Columns(), 3);
     EXPECT_FALSE(dynamic_cast<CTavrinKeyFrameDataHideShow*>(first(8))->Hide());
     EXPECT_EQ(dynamic_cast<CTavrinKeyFrameDataMorph*>(first(9))->Weight(), 0.75);
+}
+
+TEST_F(EveryTypeArchive, EveryCutRecordFails) {
+    const std::vector<std::uint8_t> bytes = WriteEveryKind();
+    FileVersionScope file(NewestArchiveVersion);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        TestReader reader(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length), NewestArchiveVersion);
+        CTavrinKeyFrameManager read;
+        EXPECT_FALSE(read.ArchiveReadWrite(reader.archive())) << "cut at " << length;
+    }
+}
+
+TEST_F(EveryTypeArchive, DamagedBytesNeverCrash) {
+    const std::vector<std::uint8_t> bytes = WriteEveryKind();
+    FileVersionScope file(NewestArchiveVersion);
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        for (std::uint8_t flip : {std::uint8_t(0xFF), std::uint8_t(0x80)}) {
+            std::vector<std::uint8_t> damaged = bytes;
+            damaged[at] ^= flip;
+            TestReader reader(damaged, NewestArchiveVersion);
+            CTavrinKeyFrameManager read;
+            read.ArchiveReadWrite(reader.archive());
+            // Whatever was read must still evaluate and apply.
+            for (const auto& [entity, track] : read.Tracks()) {
+                for (const auto& [frame, data] : track) {
+                    data->Apply();
+                    read.KeyFrameDataAt(entity, frame);
+                }
+            }
+        }
+    }
 }

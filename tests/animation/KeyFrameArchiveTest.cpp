@@ -272,6 +272,21 @@ TEST_F(KeyFrameArchive, Version12503AddsTheLinkedGuids) {
     EXPECT_EQ(At(read, first, 5).SecondLinkedGuid(), secondLinked);
 }
 
+TEST_F(KeyFrameArchive, NegativeFramesOfADamagedRecordReadAsZero) {
+    TestWriter writer(NewestArchiveVersion);
+    RecordWriter out(writer.archive());
+    out.ID(first).ID(first).Int(-7).Int(-2147483647 - 1).Int(-3).Int(0).Int(0).Int(1).UUID(CTavrinUUID());
+    out.UUID(CTavrinUUID()).Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex());
+    FileVersionScope file(NewestArchiveVersion);
+    TestReader reader(writer.Bytes(), NewestArchiveVersion);
+    CTavrinKeyFrameDataPtr read(CTavrinKeyFrameDataTransform::Create(CTavrinID(), CTavrinMatrix()));
+    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
+    EXPECT_EQ(read->StartFrame(), 0);
+    EXPECT_EQ(read->EndFrame(), 0);
+    EXPECT_EQ(read->WorkingFrame(), 0);
+    EXPECT_EQ(read->ConstantSpeedEndFrame(), 0);
+}
+
 TEST_F(KeyFrameArchive, VisibilityRecordStartsAt10212) {
     CTavrinKeyFrameDataPtr show(new CTavrinKeyFrameDataHideShow(first, false));
     show->SetAllFrames(3);

@@ -144,6 +144,13 @@ TEST(KeyFrameFrames, ScaleByTwo) {
     EXPECT_EQ(key->WorkingFrame(), 10);
 }
 
+TEST(KeyFrameFrames, ScaleStopsAtTheLargestFrame) {
+    auto key = MakeKey(3, 7);
+    key->ScaleFrames(1e12);
+    EXPECT_EQ(key->StartFrame(), 2147483647);
+    EXPECT_EQ(key->EndFrame(), 2147483647);
+}
+
 TEST(KeyFrameFrames, ScaleTruncatesTowardZero) {
     auto key = MakeKey(3, 7);
     key->SetConstantSpeedStartFrame(4);
