@@ -19,19 +19,13 @@ using ::testing::ElementsAre;
 
 namespace {
 
-// Z-up in metres, so that the root correction is the identity.
-std::string Scene(const std::string& body)
-{
-    return "#usda 1.0\n(\n    upAxis = \"Z\"\n    metersPerUnit = 1\n)\n" + body;
-}
-
 struct KeyFrame {
     int start;
     int end;
     int serial;
     std::vector<double> matrix;
 
-    std::vector<double> Translation() const { return {matrix.at(3), matrix.at(7), matrix.at(11)}; }
+    std::vector<double> Translation() const { return TranslationOf(CTavrinJson(matrix)); }
 };
 
 // The key frames of the named node's track, by start frame.
@@ -61,7 +55,7 @@ std::vector<int> StartsOf(const std::vector<KeyFrame>& keyFrames)
 std::string AnimatedRig(const std::string& animation)
 {
     const std::string identity = "( (1, 0, 0, 0), (0, 1, 0, 0), (0, 0, 1, 0), (0, 0, 0, 1) )";
-    return Scene(R"(
+    return ZUpScene(R"(
 def SkelRoot "Rig" {
     def Skeleton "Skel" {
         uniform token[] joints = ["Hips", "Hips/Spine"]
@@ -165,7 +159,7 @@ TEST(ReadSkeletalAnimation, NoSamplesOrNoSkeletonMakeNoSequence)
 // An Xform "Box" translated along x by the given samples.
 std::string MovingBox(const std::string& samples)
 {
-    return Scene(R"(
+    return ZUpScene(R"(
 def Xform "Box" {
     double3 xformOp:translate.timeSamples = { )" +
                  samples + R"( }
@@ -251,7 +245,7 @@ def Xform "Top" {
 TEST(ReadTransformAnimation, OneSequenceNamedAfterTheFile)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "A" {
     double3 xformOp:translate.timeSamples = { 1: (1, 0, 0), 2: (2, 0, 0) }
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -267,7 +261,7 @@ def Xform "B" {
     EXPECT_EQ(sequence.at("groupCaption"), "robot");
     EXPECT_EQ(sequence.at("tracks").size(), 2u);
 
-    const ImportResult still = ImportText(scratch, Scene("def Xform \"A\" {}\n"), "still.usda");
+    const ImportResult still = ImportText(scratch, ZUpScene("def Xform \"A\" {}\n"), "still.usda");
     EXPECT_TRUE(still.json.at("sequence").is_null());
 }
 

@@ -83,6 +83,16 @@ std::unique_ptr<OpenedScene> OpenScene(const ScratchFolder& scratch, const std::
     return scene;
 }
 
+std::string ZUpScene(const std::string& body)
+{
+    return "#usda 1.0\n(\n    upAxis = \"Z\"\n    metersPerUnit = 1\n)\n" + body;
+}
+
+std::vector<double> TranslationOf(const CTavrinJson& matrix)
+{
+    return {matrix.at(3).get<double>(), matrix.at(7).get<double>(), matrix.at(11).get<double>()};
+}
+
 CTavrinJson NodeNamed(const CTavrinJson& documentJson, const std::string& name)
 {
     CTavrinJson found;

@@ -61,6 +61,14 @@ struct OpenedScene {
 };
 std::unique_ptr<OpenedScene> OpenScene(const ScratchFolder& scratch, const std::string& usda);
 
+// usda text of a Z-up stage in metres, whose root correction is the
+// identity, so that root nodes show their own matrices.
+std::string ZUpScene(const std::string& body);
+
+// The translation of a host matrix in its JSON form (row by row, for column
+// vectors).
+std::vector<double> TranslationOf(const Tavrin::CTavrinJson& matrix);
+
 // The node of the JSON form with this name; null JSON when there is none or
 // more than one.
 Tavrin::CTavrinJson NodeNamed(const Tavrin::CTavrinJson& documentJson, const std::string& name);

@@ -17,23 +17,15 @@ using ::testing::ElementsAre;
 
 namespace {
 
-// Z-up in metres, so that the root correction is the identity and root
-// nodes show their own matrices.
-std::string Scene(const std::string& body)
-{
-    return "#usda 1.0\n(\n    upAxis = \"Z\"\n    metersPerUnit = 1\n)\n" + body;
-}
-
 std::vector<double> Translation(const CTavrinJson& node)
 {
-    const CTavrinJson& m = node.at("localMatrix");
-    return {m.at(3).get<double>(), m.at(7).get<double>(), m.at(11).get<double>()};
+    return TranslationOf(node.at("localMatrix"));
 }
 
 TEST(ReadPrimNodes, TransformsMakeTransformNodesUnderTheirParents)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "World" {
     double3 xformOp:translate = (1, 2, 3)
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -88,7 +80,7 @@ def Scope "Group" {
 TEST(ReadPrimNodes, AScopeMakesNoNodeAndLendsItsPathToItsParentsNode)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "A" {
     def Scope "S" {
         double3 xformOp:translate = (9, 9, 9)
@@ -110,7 +102,7 @@ def Scope "Geo" { def Xform "Arm" {} }
 TEST(ReadPrimNodes, ASkeletonRootMakesAJointAndItsSkeletonNothing)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def SkelRoot "Character" {
     def Skeleton "Skeleton" {}
 }
@@ -122,7 +114,7 @@ def SkelRoot "Character" {
 TEST(ReadPrimNodes, OtherPrimTypesMakeNoNodes)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "World" {
     def Cube "Cube" {}
     def Sphere "Ball" {}
@@ -138,7 +130,7 @@ def Xform "World" {
 TEST(ReadPrimNodes, NamesAreKeptAsTheyAreEvenWhenRepeated)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "Left" { def Xform "Hand" {} }
 def Xform "Right" { def Xform "Hand" {} }
 )"));
@@ -148,7 +140,7 @@ def Xform "Right" { def Xform "Hand" {} }
 TEST(ReadPrimNodes, ATransformAuthoredOnlyAsTimeSamplesTakesItsPoseAtTimeZero)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def Xform "Moving" {
     double3 xformOp:translate.timeSamples = { -10: (0, 0, 0), 10: (20, 0, 0) }
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -160,7 +152,7 @@ def Xform "Moving" {
 TEST(ReadPrimNodes, ATransformWithoutOpsHasTheIdentity)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene("def Xform \"Still\" {}\n"));
+    const ImportResult result = ImportText(scratch, ZUpScene("def Xform \"Still\" {}\n"));
     EXPECT_EQ(NodeNamed(result.json, "Still").at("localMatrix"),
               CTavrinJson::parse("[1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0,1]"));
 }
@@ -168,7 +160,7 @@ TEST(ReadPrimNodes, ATransformWithoutOpsHasTheIdentity)
 TEST(ReadPrimJointNames, APrimNamedLikeAConvertedJointIsPassedOver)
 {
     ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, Scene(R"(
+    const auto scene = OpenScene(scratch, ZUpScene(R"(
 def Xform "Hip" { def Xform "Leg" {} }
 def Xform "Other" {}
 )"));

@@ -15,21 +15,10 @@ using ::testing::ElementsAre;
 
 namespace {
 
-// Z-up in metres, so that the root correction is the identity.
-std::string Scene(const std::string& body)
-{
-    return "#usda 1.0\n(\n    upAxis = \"Z\"\n    metersPerUnit = 1\n)\n" + body;
-}
-
 std::string Translate(double x, double y, double z)
 {
     return "( (1, 0, 0, 0), (0, 1, 0, 0), (0, 0, 1, 0), (" + std::to_string(x) + ", " + std::to_string(y) + ", " +
            std::to_string(z) + ", 1) )";
-}
-
-std::vector<double> TranslationOf(const CTavrinJson& matrix)
-{
-    return {matrix.at(3).get<double>(), matrix.at(7).get<double>(), matrix.at(11).get<double>()};
 }
 
 // A skeleton "Skel" of the given joints under SkelRoot "Rig", every joint
@@ -76,7 +65,7 @@ using RigEntry = std::tuple<int, std::string, double>;
 TEST(ReadSkeleton, JointsAreNamedByTheirLastElementAndParentedAlongTheTopology)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def SkelRoot "Rig" {
     def Skeleton "Skel" {
         uniform token[] joints = ["Hips", "Hips/Spine", "Hips/Spine/Chest", "", ""]
@@ -116,7 +105,7 @@ TEST(ReadSkeleton, ASkeletonBoundTwiceIsConvertedOnce)
 {
     ScratchFolder scratch;
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"Hips", "Hips/Spine"}) +
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"Hips", "Hips/Spine"}) +
                        SkinnedMesh("A", "/Rig/Skel", "") + SkinnedMesh("B", "/Rig/Skel", "") + "}\n"));
     EXPECT_THAT(NodeNames(result.json), ElementsAre("Rig", "A", "Hips", "Spine", "B"));
 }
@@ -128,7 +117,7 @@ TEST(ReadSkeleton, ASecondSkeletonWhoseFirstJointIsKnownIsNotConverted)
         float[] primvars:skel:jointWeights = [1, 1, 1] (elementSize = 1 interpolation = "vertex")
 )";
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("First", {"Root", "Root/Arm"}) +
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("First", {"Root", "Root/Arm"}) +
                        Skeleton("Second", {"Root", "Root/Leg"}) + SkinnedMesh("A", "/Rig/First", skin) +
                        SkinnedMesh("B", "/Rig/Second", skin) + "}\n"));
     EXPECT_TRUE(NodeNamed(result.json, "Leg").is_null());
@@ -139,7 +128,7 @@ TEST(ReadSkeleton, ASecondSkeletonWhoseFirstJointIsKnownIsNotConverted)
 TEST(ReadSkeleton, TwoTargetsAreConvertedInOrderAndTheLastOneServesTheWeights)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene("def SkelRoot \"Rig\" {\n" +
+    const ImportResult result = ImportText(scratch, ZUpScene("def SkelRoot \"Rig\" {\n" +
                                                           Skeleton("First", {"Hips", "Hips/Arm"}) +
                                                           Skeleton("Second", {"Pelvis"}) + R"(
     def Mesh "Body" {
@@ -160,7 +149,7 @@ TEST(ReadSkeleton, TwoTargetsAreConvertedInOrderAndTheLastOneServesTheWeights)
 TEST(ReadSkeleton, ASkeletonWithoutAMatrixForEveryJointMakesNoJoints)
 {
     ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, Scene(R"(
+    const ImportResult result = ImportText(scratch, ZUpScene(R"(
 def SkelRoot "Rig" {
     def Skeleton "Skel" {
         uniform token[] joints = ["Hips", "Hips/Spine"]
@@ -177,7 +166,7 @@ TEST(ReadSkinWeights, WeightsAreWrittenAsAuthoredWithoutZeros)
     // Point 0 has two half weights and two zeros, point 1 two unnormalised
     // weights, point 2 a weight for a joint the skeleton lacks.
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "A/B", "A/B/C"}) +
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "A/B", "A/B/C"}) +
                        SkinnedMesh("Body", "/Rig/Skel", R"(
         int[] primvars:skel:jointIndices = [2, 1, 0, 0,  0, 1, 0, 0,  7, 2, 0, 0] (elementSize = 4 interpolation = "vertex")
         float[] primvars:skel:jointWeights = [0.5, 0.5, 0, -0,  0.2, 0.2, 0, 0,  0.3, 0.7, 0, 0] (elementSize = 4 interpolation = "vertex")
@@ -191,7 +180,7 @@ TEST(ReadSkinWeights, AMeshWithoutWeightsHasNoRigTableAndKeepsItsTransform)
 {
     ScratchFolder scratch;
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A"}) + SkinnedMesh("Body", "/Rig/Skel", R"(
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A"}) + SkinnedMesh("Body", "/Rig/Skel", R"(
         double3 xformOp:translate = (5, 0, 0)
         uniform token[] xformOpOrder = ["xformOp:translate"]
         int[] primvars:skel:jointIndices = [0, 0, 0] (elementSize = 1 interpolation = "vertex")
@@ -223,7 +212,7 @@ TEST(ReadSkinWeights, SampledInfluencesAreReadAtTheirFirstSample)
 {
     ScratchFolder scratch;
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "B"}) + SkinnedMesh("Body", "/Rig/Skel", R"(
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "B"}) + SkinnedMesh("Body", "/Rig/Skel", R"(
         int[] primvars:skel:jointIndices (elementSize = 1 interpolation = "vertex")
         int[] primvars:skel:jointIndices.timeSamples = { 8: [0, 0, 0], 3: [1, 1, 0] }
         float[] primvars:skel:jointWeights (elementSize = 1 interpolation = "vertex")
@@ -238,7 +227,7 @@ TEST(ReadSkinWeights, ElementSizeAndInterpolationShapeTheRows)
     ScratchFolder scratch;
     const std::string skeleton = Skeleton("Skel", {"A", "B"});
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + skeleton +
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + skeleton +
                        // No influences per point: an empty table is still attached.
                        SkinnedMesh("None", "/Rig/Skel", R"(
         int[] primvars:skel:jointIndices = [0, 1, 0] (elementSize = 0 interpolation = "vertex")
@@ -269,7 +258,7 @@ TEST(ReadSkinWeights, SplitVerticesCarryTheWeightsOfTheirSource)
     // Two triangles share points 1 and 2 with other coordinates on each
     // side, so the second triangle's corners at 1 and 2 are copies (4, 5).
     const ImportResult result = ImportText(
-        scratch, Scene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "B"}) + R"(
+        scratch, ZUpScene("def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"A", "B"}) + R"(
     def Mesh "Body" {
         point3f[] points = [(0, 0, 0), (1, 0, 0), (0, 1, 0), (1, 1, 0)]
         int[] faceVertexCounts = [3, 3]
