@@ -12,6 +12,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameDataVertices.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
+#include "TavrinAnimation/src/TavrinSequenceContainer.h"
 #include "AnimationTestEntities.h"
 #include "ArchiveTestSupport.h"
 #include "host/CTavrinLight.h"
@@ -26,15 +27,23 @@ namespace {
 
 class EveryTypeArchive : public ::testing::Test {
 protected:
-    // The manager's record with one key frame of each kind.
-    std::vector<std::uint8_t> WriteEveryKind();
+    // One key frame of each kind into manager.
+    void FillEveryKind(CTavrinKeyFrameManager& manager);
+    // The record of a manager holding one key frame of each kind.
+    std::vector<std::uint8_t> WriteEveryKind() {
+        CTavrinKeyFrameManager manager;
+        FillEveryKind(manager);
+        TestWriter writer(NewestArchiveVersion);
+        EXPECT_TRUE(manager.ArchiveReadWrite(writer.archive()));
+        return writer.Bytes();
+    }
 
     AnimationTestEntities entities;
     std::vector<CTavrinID> animated;
     CTavrinID pathID;
 };
 
-std::vector<std::uint8_t> EveryTypeArchive::WriteEveryKind() {
+void EveryTypeArchive::FillEveryKind(CTavrinKeyFrameManager& manager) {
     CTavrinDocument* document = entities.Document();
     CTavrinLight* light = CTavrinLight::Create(document);
     CTavrinLightSource::Create(document)->SetLight(light);
@@ -65,14 +74,9 @@ std::vector<std::uint8_t> EveryTypeArchive::WriteEveryKind() {
         new CTavrinKeyFrameDataHideShow(animated[8], false),
         new CTavrinKeyFrameDataMorph(animated[9], animated[0], 0.75),
     };
-    CTavrinKeyFrameManager manager;
     for (const CTavrinKeyFrameDataPtr& data : written)
         manager.AddKeyFrameData(data, true);
-
-    TestWriter writer(NewestArchiveVersion);
-    EXPECT_TRUE(manager.ArchiveReadWrite(writer.archive()));
     pathID = path->ID();
-    return writer.Bytes();
 }
 
 } // namespace
@@ -136,5 +140,31 @@ TEST_F(EveryTypeArchive, DamagedBytesNeverCrash) {
                 }
             }
         }
+    }
+}
+
+TEST_F(EveryTypeArchive, DamagedSequenceContainersNeverCrash) {
+    CTavrinSequenceContainer::SetInstance(new CTavrinSequenceContainer());
+    CTavrinSequenceContainer& container = *CTavrinSequenceContainer::GetInstance();
+    CTavrinSequence* sequence = CTavrinSequence::Create();
+    container.AddSequence(sequence);
+    sequence->SetGroup(container.CreateGroup());
+    sequence->SetPreviewImageFile(CTavrinString("preview.png"));
+    FillEveryKind(*sequence);
+    TestWriter writer(NewestArchiveVersion);
+    ASSERT_TRUE(container.WriteIntoArchive(writer.archive()));
+    const std::vector<std::uint8_t> bytes = writer.Bytes();
+    CTavrinSequenceContainer::SetInstance(nullptr);
+
+    FileVersionScope file(NewestArchiveVersion);
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        std::vector<std::uint8_t> damaged = bytes;
+        damaged[at] ^= 0xFF;
+        TestReader reader(damaged, NewestArchiveVersion);
+        CTavrinSequenceContainer read;
+        read.ReadFromArchive(reader.archive());
+        TestReader cut(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + at), NewestArchiveVersion);
+        CTavrinSequenceContainer readCut;
+        EXPECT_FALSE(readCut.ReadFromArchive(cut.archive())) << "cut at " << at;
     }
 }
