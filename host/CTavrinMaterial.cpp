@@ -68,28 +68,31 @@ CTavrinBasicMaterial::CTavrinBasicMaterial() : DisplacementAmount(m_values, enum
 {
 }
 
+template <class Material, class Texture>
+std::vector<std::pair<const char*, Texture*>> CTavrinBasicMaterial::SlotsOf(Material& material)
+{
+    return {{"Texture", &material.m_texture},
+            {"SpecularMap", &material.m_specularMap},
+            {"OcclusionMap", &material.m_occlusionMap},
+            {"ThicknessMap", &material.m_thicknessMap},
+            {"RoughnessMap", &material.m_roughnessMap},
+            {"EtaMap", &material.m_etaMap},
+            {"NormalTexture", &material.NormalTexture},
+            {"OpacityTexture", &material.OpacityTexture},
+            {"DisplacementTexture", &material.DisplacementTexture},
+            {"RoughnessTexture", &material.RoughnessTexture},
+            {"MetalnessTexture", &material.MetalnessTexture},
+            {"EmissionTexture", &material.EmissionTexture}};
+}
+
 std::vector<std::pair<const char*, const CTavrinTexture*>> CTavrinBasicMaterial::TextureSlots() const
 {
-    std::vector<std::pair<const char*, const CTavrinTexture*>> slots;
-    for (const auto& [name, texture] : const_cast<CTavrinBasicMaterial*>(this)->EditableTextureSlots())
-        slots.emplace_back(name, texture);
-    return slots;
+    return SlotsOf<const CTavrinBasicMaterial, const CTavrinTexture>(*this);
 }
 
 std::vector<std::pair<const char*, CTavrinTexture*>> CTavrinBasicMaterial::EditableTextureSlots()
 {
-    return {{"Texture", &m_texture},
-            {"SpecularMap", &m_specularMap},
-            {"OcclusionMap", &m_occlusionMap},
-            {"ThicknessMap", &m_thicknessMap},
-            {"RoughnessMap", &m_roughnessMap},
-            {"EtaMap", &m_etaMap},
-            {"NormalTexture", &NormalTexture},
-            {"OpacityTexture", &OpacityTexture},
-            {"DisplacementTexture", &DisplacementTexture},
-            {"RoughnessTexture", &RoughnessTexture},
-            {"MetalnessTexture", &MetalnessTexture},
-            {"EmissionTexture", &EmissionTexture}};
+    return SlotsOf<CTavrinBasicMaterial, CTavrinTexture>(*this);
 }
 
 void CTavrinCommonBasicMaterial::SetColor(double r, double g, double b, double, bool)

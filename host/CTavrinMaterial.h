@@ -132,6 +132,9 @@ protected:
 
 private:
     std::vector<std::pair<const char*, CTavrinTexture*>> EditableTextureSlots();
+    // Both lists of slots, from one table.
+    template <class Material, class Texture>
+    static std::vector<std::pair<const char*, Texture*>> SlotsOf(Material& material);
 
     // What the value members show and edits land in before they are assigned.
     static constexpr std::size_t valueCount = static_cast<std::size_t>(enumMaterialValue::Count);
