@@ -103,6 +103,10 @@ bool CTavrinNodeVisitor::TraverseDocument(const CTavrinDocument* document) {
     return true;
 }
 
+CTavrinNodePath CTavrinSceneNode::NodePathToRoot(bool includeNode) {
+    return CTavrinNodePath(this, includeNode);
+}
+
 CTavrinNodePath::CTavrinNodePath(CTavrinSceneNode* node, bool includeNode) {
     for (CTavrinSceneNode* step = includeNode ? node : (node ? node->Parent() : nullptr); step; step = step->Parent())
         m_nodes.push_back(step);

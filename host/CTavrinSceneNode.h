@@ -7,6 +7,7 @@
 
 namespace Tavrin {
 
+class CTavrinNodePath;
 class CTavrinTransform;
 
 // A node of the document's tree. Children keep the order in which they were
@@ -20,6 +21,8 @@ public:
     CTavrinSceneNode* Parent() const { return m_parent; }
     const std::vector<CTavrinSceneNode*>& Children() const { return m_children; }
     bool IsChildOf(const CTavrinSceneNode* ancestor) const;
+    // The nodes from the root down to this one (itself last when includeNode).
+    CTavrinNodePath NodePathToRoot(bool includeNode);
 
     void SetLocalMatrix(const CTavrinMatrix& matrix);
     CTavrinTransform* LocalTransform() const { return m_localTransform; }

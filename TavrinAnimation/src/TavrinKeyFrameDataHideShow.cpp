@@ -25,7 +25,7 @@ void CTavrinKeyFrameDataHideShow::Apply() {
         return;
     // Showing must reach nodes hidden before; hiding can pass them by.
     const std::vector<CTavrinSceneNode*> tree =
-        CTavrinNodePath::ListAllSelectedSceneTrees({CTavrinNodePath(node, true)}, !m_hide, true);
+        CTavrinNodePath::ListAllSelectedSceneTrees({node->NodePathToRoot(true)}, !m_hide, true);
     for (CTavrinSceneNode* listed : tree) {
         if (m_hide)
             listed->Hide();

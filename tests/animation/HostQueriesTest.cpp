@@ -82,6 +82,15 @@ TEST_F(HostQueries, NearestCommonParent) {
     EXPECT_EQ(NearestCommonParent(leaf, other), nullptr);
 }
 
+TEST_F(HostQueries, PathToTheRoot) {
+    auto* root = Under<CTavrinTransformNode>(nullptr, "root");
+    auto* middle = Under<CTavrinTransformNode>(root, "middle");
+    auto* leaf = Under<CTavrinTransformNode>(middle, "leaf");
+    EXPECT_EQ(leaf->NodePathToRoot(true).Nodes(), (std::vector<CTavrinSceneNode*>{root, middle, leaf}));
+    EXPECT_EQ(leaf->NodePathToRoot(false).Nodes(), (std::vector<CTavrinSceneNode*>{root, middle}));
+    EXPECT_EQ(root->NodePathToRoot(false).Last(), nullptr);
+}
+
 TEST_F(HostQueries, VisitorGoesParentsFirstAndCanStop) {
     auto* root = Under<CTavrinTransformNode>(nullptr, "root");
     auto* left = Under<CTavrinTransformNode>(root, "left");
