@@ -112,6 +112,17 @@ TEST_F(PathFollower, WithoutItsPathTheStoredPlacementHolds) {
     ExpectMatrixNear(follower->Matrix(), Translation(0, 0, 4));
 }
 
+TEST_F(PathFollower, ApplyPlacesTheTransformAtThePointReached) {
+    CTavrinTransform* moved = entities.NewTransformEntity();
+    FollowerPtr follower(new CTavrinKeyFrameDataTransformBSplineFollower(moved->ID(), CTavrinMatrix()));
+    follower->SetEndFrame(10, false);
+    follower->SetConstantSpeedEndFrame(10);
+    follower->SetPath(NewLPath(), node);
+    follower->SetWorkingFrame(7);
+    follower->Apply();
+    ExpectMatrixNear(moved->Matrix(), Translation(10, 4, 0));
+}
+
 TEST_F(PathFollower, FrameSettersReclampTheConstantSpeedWindow) {
     FollowerPtr follower = NewFollower(0, 10, NewLPath());
     follower->SetConstantSpeedStartFrame(2);

@@ -159,6 +159,17 @@ TEST(SphericalCameraMembers, TypeIsReadOnly) {
     EXPECT_EQ(static_cast<CTavrinString*>(camera->DataMember(0, type, name))->toStdString(), "Hemispherical");
 }
 
+TEST(SphericalCameraViews, ApplyPlacesTheCameraTransformAtTheView) {
+    AnimationTestEntities entities;
+    CTavrinTransform* transform = entities.NewTransformEntity();
+    SphericalPtr camera(new CTavrinKeyFrameDataTransformSphericalCamera(transform->ID(), CameraOnZ()));
+    camera->SetGrid(0, 1, 4, false);
+    camera->SetWorkingFrame(2);
+    camera->Apply();
+    EXPECT_NEAR(transform->Matrix().M(2, 3), -5.0, 1e-9);
+    EXPECT_NEAR(transform->Matrix().M(0, 3), 0.0, 1e-9);
+}
+
 TEST(SphericalCameraCopies, SnapshotKeepsTheViewOfTheWorkingFrame) {
     SphericalPtr camera = NewSpherical(10, 0, 1, 4);
     camera->SetWorkingFrame(11);
@@ -224,6 +235,44 @@ TEST(SphericalCameraArchive, FileOf10063HasNoCentre) {
     EXPECT_EQ(read->FieldOfView(), 40.0);
     EXPECT_EQ(read->LayoutType(), 1);
     ExpectPointNear(PositionAt(*read, 2), 0, 5, 0);
+}
+
+TEST(SphericalCameraArchive, FileOf10013KeptAWholeCamera) {
+    TestWriter writer(10013);
+    RecordWriter out(writer.archive());
+    out.ID(CTavrinID()).ID(CTavrinID()).Int(0).Int(3).Int(0).Int(0).Int(1); // base, legacy value, serial
+    out.Bool(false).Double(360);
+    CTavrinBasicCamera stored = CameraOnZ(5);
+    ASSERT_TRUE(writer.archive().ReadWrite(stored));
+    out.Int(0).Int(1).Int(4).Bool(false); // round table of four columns, no centre yet
+    FileVersionScope file(10013);
+    TestReader reader(writer.Bytes(), 10013);
+    SphericalPtr read = NewSpherical(0, 0, 1, 1);
+    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
+    EXPECT_TRUE(reader.AtEnd());
+    EXPECT_EQ(read->Columns(), 4);
+    EXPECT_NEAR(read->DistanceToTarget(), 5.0, 1e-12);
+    // The views turn about the origin, where the stored camera looked.
+    ExpectPointNear(PositionAt(*read, 1), 5, 0, 0);
+}
+
+TEST(SphericalCameraArchive, ArchiveBefore12201HasNoConstantSpeedFrames) {
+    TestWriter writer(12200);
+    RecordWriter out(writer.archive());
+    out.ID(CTavrinID()).ID(CTavrinID()).Int(2).Int(5).Int(2).Int(0).Int(1); // base, legacy value, serial
+    out.Matrix(Translation(0, 0, 5)).Vertex(CTavrin3DVertex()).Double(5).Double(360).Bool(false).Bool(false);
+    out.Bool(false).Double(30).Double(5).Double(1.4).Bool(false); // lens and depth of field
+    out.Int(0).Int(1).Int(4).Bool(false).Vertex(CTavrin3DVertex());
+    FileVersionScope file(12200);
+    TestReader reader(writer.Bytes(), 12200);
+    SphericalPtr read = NewSpherical(0, 0, 1, 1);
+    read->SetEaseOutMode(3);
+    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
+    EXPECT_TRUE(reader.AtEnd());
+    EXPECT_EQ(read->ConstantSpeedStartFrame(), 2);
+    EXPECT_EQ(read->ConstantSpeedEndFrame(), 5);
+    EXPECT_EQ(read->EaseOutMode(), 0);
+    EXPECT_EQ(read->Columns(), 4);
 }
 
 TEST(SphericalCameraArchive, DamagedGridIsRepairedOnReading) {
