@@ -19,8 +19,11 @@ void CTavrinUSDReaderHandler::ReadTransformAnimation(const UsdGeomXformable& xfo
 {
     CTavrinSequence& animationSequence = EnsureSequence(sequence);
     CTavrinTransform* localTransform = node ? node->LocalTransform() : nullptr;
+    // The operations are gathered once for all samples.
+    bool resetsXformStack = false;
+    const std::vector<UsdGeomXformOp> ops = xformable.GetOrderedXformOps(&resetsXformStack);
     std::vector<double> times;
-    if (!localTransform || !xformable.GetTimeSamples(&times) || times.empty())
+    if (!localTransform || !UsdGeomXformable::GetTimeSamples(ops, &times) || times.empty())
         return;
     const CTavrinID& entity = localTransform->ID();
 
@@ -28,8 +31,7 @@ void CTavrinUSDReaderHandler::ReadTransformAnimation(const UsdGeomXformable& xfo
     for (const double time : times) {
         // A transformation that cannot be computed leaves the identity.
         GfMatrix4d localTransformation(1.0);
-        bool resetsXformStack = false;
-        xformable.GetLocalTransformation(&localTransformation, &resetsXformStack, UsdTimeCode(time));
+        UsdGeomXformable::GetLocalTransformation(&localTransformation, ops, UsdTimeCode(time));
         const CTavrinKeyFrameDataPtr keyFrame =
             CTavrinKeyFrameDataTransform::Create(entity, correction * ConvertMatrix(localTransformation));
         StampFrame(*keyFrame, FrameOfTimeCode(time));
