@@ -136,6 +136,36 @@ TEST(UsdaAttributes, NoneIsAValueBlock)
     EXPECT_TRUE(ReadAttribute("float a = None").Get(SdfPath("/P.a"), SdfFieldKeys->Default).IsHolding<SdfValueBlock>());
 }
 
+TEST(UsdaAttributes, AnUnknownTypeNameKeepsTheAttributeWithItsValuesAsText)
+{
+    TfDiagnosticCapture capture;
+    SdfData data;
+    ASSERT_TRUE(SdfUsdaReadData(R"(#usda 1.0
+def "P" {
+    flaot[] w = [0.5, (1, "x"), @a.png@, </P>, -inf] (
+        interpolation = "vertex"
+    )
+    Vec3f t.timeSamples = { 1: (0, 0, 1), 2: None }
+    float after = 2
+}
+)",
+                                "test.usda", &data));
+    // One warning per unknown name, saying where; no error.
+    EXPECT_EQ(capture.GetErrorCount(), 0u);
+    ASSERT_EQ(capture.GetDiagnostics().size(), 2u);
+    EXPECT_NE(capture.GetDiagnostics()[0].GetCommentary().find("test.usda:3:5"), std::string::npos);
+
+    EXPECT_EQ(Field<TfToken>(data, "/P.w", SdfFieldKeys->TypeName), TfToken("flaot[]"));
+    EXPECT_EQ(Field<SdfUnregisteredValue>(data, "/P.w", SdfFieldKeys->Default).GetValue(),
+              VtValue(std::string("[0.5, (1, \"x\"), @a.png@, </P>, -inf]")));
+    EXPECT_EQ(Field<TfToken>(data, "/P.w", TfToken("interpolation")), TfToken("vertex"));
+    const auto samples = Field<SdfTimeSampleMap>(data, "/P.t", SdfFieldKeys->TimeSamples);
+    ASSERT_EQ(samples.size(), 2u);
+    EXPECT_EQ(samples.at(1.0), VtValue(SdfUnregisteredValue(std::string("(0, 0, 1)"))));
+    EXPECT_TRUE(samples.at(2.0).IsHolding<SdfValueBlock>());
+    EXPECT_EQ(Field<float>(data, "/P.after", SdfFieldKeys->Default), 2.0f);
+}
+
 TEST(UsdaTimeSamples, SamplesByTimeWithBlocks)
 {
     const SdfData data = ReadAttribute(

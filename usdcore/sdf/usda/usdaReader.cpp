@@ -33,7 +33,10 @@ SdfPath AnchorOf(const SdfPath& specPath)
 class UsdaParser
 {
 public:
-    UsdaParser(std::string_view text, SdfData* data) : _c(text), _data(data) {}
+    UsdaParser(std::string_view text, const std::string& identifier, SdfData* data)
+        : _c(text), _identifier(identifier), _data(data)
+    {
+    }
 
     bool ParseLayer();
     const Sdf_TextCursor& GetCursor() const { return _c; }
@@ -51,10 +54,13 @@ private:
     bool ParseRelationship(const SdfPath& primPath, SdfListOpType op, bool custom, std::optional<SdfVariability> variability);
     bool ParseTargets(const SdfPath& propertyPath, SdfListOpType op, const TfToken& listField);
     bool ParseTimeSamples(const std::string& typeName, SdfTimeSampleMap* samples);
+    bool ParseAttributeValue(const std::string& typeName, VtValue* value);
     bool ParseVariantSet(const SdfPath& primPath, int depth);
     bool ReadName(std::string* name);
     bool AcceptListOpKeyword(SdfListOpType* op);
     bool StartProperty(const SdfPath& path, SdfSpecType type, bool custom, std::optional<SdfVariability> variability);
+    // A problem that the layer survives, reported where it stands.
+    void WarnAt(size_t offset, const std::string& message) const;
 
     void AppendChildName(const SdfPath& path, const TfToken& key, const TfToken& name)
     {
@@ -62,11 +68,20 @@ private:
     }
 
     Sdf_TextCursor _c;
+    const std::string& _identifier;
     SdfData* _data;
     // Children lists grow here and go into the data once at the end:
     // growing them in place in the data would copy each list per child.
     std::map<std::pair<SdfPath, TfToken>, TokenVector> _childNames;
 };
+
+void UsdaParser::WarnAt(size_t offset, const std::string& message) const
+{
+    size_t line = 0;
+    size_t column = 0;
+    _c.GetLineAndColumn(offset, &line, &column);
+    TF_WARN("%s:%zu:%zu: %s", _identifier.c_str(), line, column, message.c_str());
+}
 
 void UsdaParser::StoreChildNames()
 {
@@ -321,9 +336,11 @@ bool UsdaParser::ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool 
         if (!_c.Expect(']')) return false;
         typeName += "[]";
     }
+    // A misspelled or foreign type name costs the attribute its value, not
+    // the layer: the attribute keeps the name, and its values their text.
     if (!Sdf_IsKnownValueTypeName(scalarType)) {
-        _c.SetOffset(typeStart);
-        return _c.Fail("unknown value type '" + std::string(scalarType) + "'");
+        WarnAt(typeStart, "unknown value type '" + std::string(scalarType) +
+                              "'; the attribute's values are kept as text");
     }
     std::string_view name;
     if (!_c.ReadIdentifier(&name, true)) return false;
@@ -356,13 +373,20 @@ bool UsdaParser::ParseAttribute(const SdfPath& primPath, SdfListOpType op, bool 
         VtValue value;
         if (_c.AcceptKeyword("None")) {
             value = VtValue(SdfValueBlock());
-        } else if (!Sdf_ParseTypedValue(_c, typeName, &value)) {
+        } else if (!ParseAttributeValue(typeName, &value)) {
             return false;
         }
         _data->Set(path, SdfFieldKeys->Default, std::move(value));
     }
     _c.SkipSpace();
     return _c.Peek() != '(' || ParseMetadataBlock(path, false);
+}
+
+bool UsdaParser::ParseAttributeValue(const std::string& typeName, VtValue* value)
+{
+    const std::string_view scalarType = std::string_view(typeName).substr(0, typeName.find('['));
+    return Sdf_IsKnownValueTypeName(scalarType) ? Sdf_ParseTypedValue(_c, typeName, value)
+                                                : Sdf_ParseUnregisteredValue(_c, value);
 }
 
 bool UsdaParser::ParseTimeSamples(const std::string& typeName, SdfTimeSampleMap* samples)
@@ -375,7 +399,7 @@ bool UsdaParser::ParseTimeSamples(const std::string& typeName, SdfTimeSampleMap*
         VtValue value;
         if (_c.AcceptKeyword("None")) {
             value = VtValue(SdfValueBlock());
-        } else if (!Sdf_ParseTypedValue(_c, typeName, &value)) {
+        } else if (!ParseAttributeValue(typeName, &value)) {
             return false;
         }
         (*samples)[time] = std::move(value);
@@ -448,7 +472,7 @@ bool UsdaParser::ParseVariantSet(const SdfPath& primPath, int depth)
 
 bool SdfUsdaReadData(std::string_view text, const std::string& identifier, SdfData* data)
 {
-    UsdaParser parser(text, data);
+    UsdaParser parser(text, identifier, data);
     const bool parsed = parser.ParseLayer();
     parser.StoreChildNames();
     if (parsed) {

@@ -312,7 +312,42 @@ bool IsIdentifier(std::string_view name)
     return true;
 }
 
+bool SkipValue(Sdf_TextCursor& cursor, int depth)
+{
+    if (depth > Sdf_TextMaxNestingDepth) {
+        return cursor.Fail("value nested too deeply");
+    }
+    cursor.SkipSpace();
+    const char open = cursor.Peek();
+    if (open == '(' || open == '[') {
+        const char close = open == '(' ? ')' : ']';
+        cursor.SetOffset(cursor.GetOffset() + 1);
+        if (cursor.Accept(close)) return true;
+        for (;;) {
+            if (!SkipValue(cursor, depth + 1)) return false;
+            if (!cursor.Accept(',')) return cursor.Expect(close);
+            if (cursor.Accept(close)) return true;
+        }
+    }
+    std::string scratch;
+    std::string_view text;
+    if (cursor.AtString()) return cursor.ReadString(&scratch);
+    if (open == '@') return cursor.ReadAssetPath(&scratch);
+    if (open == '<') return cursor.ReadPathText(&text);
+    if (cursor.AtNumber()) return cursor.ReadNumberText(&text);
+    return cursor.ReadIdentifier(&text);
+}
+
 } // namespace
+
+bool Sdf_ParseUnregisteredValue(Sdf_TextCursor& cursor, VtValue* out)
+{
+    cursor.SkipSpace();
+    const size_t start = cursor.GetOffset();
+    if (!SkipValue(cursor, 0)) return false;
+    *out = VtValue(SdfUnregisteredValue(std::string(cursor.Slice(start, cursor.GetOffset()))));
+    return true;
+}
 
 bool Sdf_IsKnownValueTypeName(std::string_view typeName)
 {
@@ -372,6 +407,12 @@ bool Sdf_ParseDictionary(Sdf_TextCursor& cursor, VtDictionary* out, int depth)
 
 bool Sdf_FormatTypedValue(const VtValue& value, std::string* out)
 {
+    // The text of a value of an unknown type goes back as it was read.
+    if (value.IsHolding<SdfUnregisteredValue>() &&
+        value.UncheckedGet<SdfUnregisteredValue>().GetValue().IsHolding<std::string>()) {
+        out->append(value.UncheckedGet<SdfUnregisteredValue>().GetValue().UncheckedGet<std::string>());
+        return true;
+    }
     const auto found = FormattersByType().find(std::type_index(value.GetType()));
     if (found == FormattersByType().end()) {
         return false;

@@ -23,6 +23,12 @@ constexpr int Sdf_TextMaxNestingDepth = 256;
 /// "None" is left to the caller. Fails on an unknown type name.
 bool Sdf_ParseTypedValue(Sdf_TextCursor& cursor, std::string_view typeName, VtValue* out);
 
+/// Reads one value of no known type, checking only its shape (scalars,
+/// strings, asset paths, paths, and tuples and lists of them), and keeps its
+/// text as an SdfUnregisteredValue, as attributes of an unknown type name
+/// keep theirs.
+bool Sdf_ParseUnregisteredValue(Sdf_TextCursor& cursor, VtValue* out);
+
 /// True when \p typeName (without "[]") names a value type.
 bool Sdf_IsKnownValueTypeName(std::string_view typeName);
 
