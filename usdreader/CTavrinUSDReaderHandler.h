@@ -63,10 +63,11 @@ public:
     // Axis permutation and signs of converted matrices, points and normals.
     std::array<std::int32_t, 4> axisOrder = {0, 1, 2, 3};
     std::array<std::int32_t, 4> axisSign = {1, 1, 1, 1};
-    // Frames that baking transform animation may still add in this import:
-    // a file whose last sample lies billions of frames away would otherwise
-    // bake until memory runs out. About four million key frames.
-    std::int64_t bakedFrameBudget = std::int64_t{1} << 22;
+    // Key frames this import may still add. A file whose last sample lies
+    // billions of frames away, or a crate file whose millions of samples
+    // share one stored array, would otherwise make key frames until memory
+    // runs out. About four million, a long animation of a large rig.
+    std::int64_t keyFrameBudget = std::int64_t{1} << 22;
 
     // The driver: the document made from the file at path, textures copied
     // into folder; null when the file could not be read.

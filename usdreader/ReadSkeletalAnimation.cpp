@@ -61,7 +61,8 @@ void CTavrinUSDReaderHandler::ReadSkeletalAnimation(const UsdSkelAnimation& anim
             const CTavrinKeyFrameDataPtr keyFrame =
                 CTavrinKeyFrameDataTransform::Create(transforms[j]->ID(), ConvertMatrix(poses[j]));
             StampFrame(*keyFrame, frame);
-            animationSequence.AddKeyFrameData(keyFrame, true);
+            if (!AddKeyFrame(animationSequence, keyFrame, keyFrameBudget))
+                return;
         }
     }
 }

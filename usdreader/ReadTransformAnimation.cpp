@@ -35,18 +35,19 @@ void CTavrinUSDReaderHandler::ReadTransformAnimation(const UsdGeomXformable& xfo
         const CTavrinKeyFrameDataPtr keyFrame =
             CTavrinKeyFrameDataTransform::Create(entity, correction * ConvertMatrix(localTransformation));
         StampFrame(*keyFrame, FrameOfTimeCode(time));
-        animationSequence.AddKeyFrameData(keyFrame, true);
+        if (!AddKeyFrame(animationSequence, keyFrame, keyFrameBudget))
+            return;
     }
 
     const double last = times.back();
     if (static_cast<double>(times.size()) == last || !(last > 0.0))
         return;
-    for (int frame = 0; frame < last && bakedFrameBudget > 0; ++frame, --bakedFrameBudget) {
+    for (int frame = 0; frame < last && keyFrameBudget > 0; ++frame) {
         const CTavrinKeyFrameDataPtr evaluated = animationSequence.KeyFrameDataAt(entity, frame);
         if (!dynamic_cast<CTavrinKeyFrameDataTransform*>(evaluated.get()))
             continue;
         StampFrame(*evaluated, frame);
-        animationSequence.AddKeyFrameData(evaluated, true);
+        AddKeyFrame(animationSequence, evaluated, keyFrameBudget);
     }
 }
 

@@ -41,4 +41,13 @@ void StampFrame(CTavrinKeyFrameData& data, int frame)
     data.SetSerialNumber(frame);
 }
 
+bool AddKeyFrame(CTavrinSequence& sequence, const CTavrinKeyFrameDataPtr& data, std::int64_t& budget)
+{
+    if (budget <= 0)
+        return false;
+    --budget;
+    sequence.AddKeyFrameData(data, true);
+    return true;
+}
+
 } // namespace Tavrin

@@ -2,6 +2,8 @@
 // What the skeletal and the transform animation share: frames from time
 // codes, the import's one sequence, and key frames pinned to one frame.
 
+#include <cstdint>
+
 #include "TavrinAnimation/src/TavrinKeyFrameData.h"
 
 namespace Tavrin {
@@ -20,5 +22,10 @@ CTavrinSequence& EnsureSequence(CTavrinSequence*& sequence);
 
 // Start, end, constant-speed range and serial number all at frame.
 void StampFrame(CTavrinKeyFrameData& data, int frame);
+
+// Inserts data into the sequence, extending its range, while the import's
+// key frame budget lasts, and spends one from it; false, adding nothing,
+// once it is spent. The key frames data displaces are released.
+bool AddKeyFrame(CTavrinSequence& sequence, const CTavrinKeyFrameDataPtr& data, std::int64_t& budget);
 
 } // namespace Tavrin

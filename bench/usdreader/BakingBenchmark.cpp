@@ -55,7 +55,7 @@ void BM_BakeTransformAnimation(benchmark::State& state)
         // the application's container.
         CTavrinSequence sequence;
         handler.sequence = &sequence;
-        handler.bakedFrameBudget = frames;
+        handler.keyFrameBudget = frames + 3;
         handler.ReadTransformAnimation(box, node, nullptr);
         benchmark::DoNotOptimize(sequence.Tracks().size());
         handler.sequence = nullptr;

@@ -265,23 +265,34 @@ def Xform "B" {
     EXPECT_TRUE(still.json.at("sequence").is_null());
 }
 
-TEST(ReadTransformAnimation, BakingStopsAtTheImportsBudget)
+// Every key frame an import adds spends one from its budget; once it is
+// spent, nothing more is added.
+TEST(ReadTransformAnimation, KeyFramesStopAtTheImportsBudget)
 {
     ScratchFolder scratch;
     const auto scene = OpenScene(scratch, MovingBox("0: (0, 0, 0), 1e12: (1, 0, 0)"));
-    CTavrinTransformNode* node = CTavrinTransformNode::Create(scene->document.get());
-    node->SetLocalMatrix(CTavrinMatrix());
-    scene->handler.bakedFrameBudget = 5;
-    scene->handler.ReadTransformAnimation(UsdGeomXformable(scene->handler.stage->GetPrimAtPath(SdfPath("/Box"))),
-                                          node, nullptr);
+    const UsdGeomXformable box(scene->handler.stage->GetPrimAtPath(SdfPath("/Box")));
+    std::vector<CTavrinTransformNode*> nodes;
+    for (int i = 0; i < 2; ++i) {
+        nodes.push_back(CTavrinTransformNode::Create(scene->document.get()));
+        nodes.back()->SetLocalMatrix(CTavrinMatrix());
+    }
+    // Two samples (the far one clamped to the last frame), then five baked
+    // frames of which frame 0 replaces the first sample.
+    scene->handler.keyFrameBudget = 7;
+    scene->handler.ReadTransformAnimation(box, nodes[0], nullptr);
+    // The second node's first sample finds the budget spent.
+    scene->handler.ReadTransformAnimation(box, nodes[1], nullptr);
 
-    const CTavrinKeyFrameManager::Track* track = scene->handler.sequence->FindTrack(node->LocalTransform()->ID());
+    const CTavrinKeyFrameManager::Track* track =
+        scene->handler.sequence->FindTrack(nodes[0]->LocalTransform()->ID());
     ASSERT_NE(track, nullptr);
     std::vector<int> starts;
     for (const auto& [start, data] : *track)
         starts.push_back(start);
     EXPECT_THAT(starts, ElementsAre(0, 1, 2, 3, 4, INT_MAX));
-    EXPECT_EQ(scene->handler.bakedFrameBudget, 0);
+    EXPECT_EQ(scene->handler.sequence->FindTrack(nodes[1]->LocalTransform()->ID()), nullptr);
+    EXPECT_EQ(scene->handler.keyFrameBudget, 0);
 }
 
 } // namespace
