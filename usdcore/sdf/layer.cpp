@@ -8,6 +8,7 @@
 #include "usdcore/tf/diagnostic.h"
 #include "usdcore/tf/pathUtils.h"
 
+#include <atomic>
 #include <cstdio>
 #include <mutex>
 #include <unordered_map>
@@ -109,6 +110,23 @@ SdfLayerRefPtr SdfLayer::OpenFromString(const std::string& usdaText, const std::
         return SdfLayerRefPtr();
     }
     return TfCreateRefPtr(new SdfLayer(identifier, std::string(), std::move(data)));
+}
+
+SdfLayerRefPtr SdfLayer::CreateAnonymous(const std::string& tag)
+{
+    return CreateAnonymous(tag, SdfData());
+}
+
+SdfLayerRefPtr SdfLayer::CreateAnonymous(const std::string& tag, SdfData data)
+{
+    static std::atomic<unsigned long> counter{0};
+    const std::string identifier = "anon:" + std::to_string(++counter) + ":" + tag;
+    return TfCreateRefPtr(new SdfLayer(identifier, std::string(), std::move(data)));
+}
+
+bool SdfLayer::IsAnonymous() const
+{
+    return _identifier.compare(0, 5, "anon:") == 0;
 }
 
 TfToken SdfLayer::GetDefaultPrim() const

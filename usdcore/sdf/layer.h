@@ -37,6 +37,16 @@ public:
     static SdfLayerRefPtr OpenFromString(const std::string& usdaText,
                                          const std::string& identifier = "anonymous.usda");
 
+    /// An empty layer that belongs to no file ("anon:N:tag"), not
+    /// registered for Find.
+    static SdfLayerRefPtr CreateAnonymous(const std::string& tag = std::string());
+    /// An anonymous layer holding \p data: layers do not change once made,
+    /// so whoever builds one (a flattened stage) hands over its contents.
+    static SdfLayerRefPtr CreateAnonymous(const std::string& tag, SdfData data);
+
+    /// True for layers made by CreateAnonymous.
+    bool IsAnonymous() const;
+
     ~SdfLayer() override;
     SdfLayer(const SdfLayer&) = delete;
     SdfLayer& operator=(const SdfLayer&) = delete;

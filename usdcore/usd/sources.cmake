@@ -1,5 +1,6 @@
 list(APPEND USDCORE_SOURCES
   usd/attribute.cpp
+  usd/flatten.cpp
   usd/interpolation.cpp
   usd/layerStack.cpp
   usd/nameOrder.cpp

@@ -6,28 +6,13 @@
 #include "usdcore/tf/diagnostic.h"
 #include "usdcore/tf/pathUtils.h"
 #include "usdcore/tf/stringUtils.h"
-#include "usdcore/usd/layerStack.h"
-#include "usdcore/usd/namespaceMap.h"
-#include "usdcore/usd/primData.h"
 #include "usdcore/usd/primIndexBuilder.h"
+#include "usdcore/usd/stageContents.h"
 
-#include <deque>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 PXR_NAMESPACE_OPEN_SCOPE
-
-struct UsdStage::_Contents {
-    Usd_LayerCache layers;
-    // Namespace maps and opinions are referred to by pointer and index from
-    // every prim; both containers only grow while the stage composes.
-    std::deque<Usd_NamespaceMap> maps;
-    std::vector<Usd_Opinion> opinions;
-    std::deque<Usd_PrimData> prims;
-    std::unordered_map<SdfPath, Usd_PrimData*, SdfPath::Hash> primsByPath;
-    Usd_PrimData* pseudoRoot = nullptr;
-};
 
 namespace {
 
@@ -144,8 +129,8 @@ UsdStageRefPtr UsdStage::Open(const SdfLayerHandle& rootLayer, InitialLoadSet lo
     return stage;
 }
 
-UsdStage::UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load)
-    : _rootLayer(rootLayer), _load(load), _contents(std::make_unique<_Contents>())
+UsdStage::UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load, bool expandInstances)
+    : _rootLayer(rootLayer), _load(load), _expandInstances(expandInstances), _contents(std::make_unique<_Contents>())
 {
 }
 
@@ -215,7 +200,8 @@ void UsdStage::_Compose()
         prim->typeName = StrongestField(*prim, SdfFieldKeys->TypeName, TfToken());
         const bool active = StrongestField(*prim, SdfFieldKeys->Active, true);
         const bool defining = SdfIsDefiningSpecifier(prim->specifier);
-        const bool instance = StrongestField(*prim, SdfFieldKeys->Instanceable, false) && graph.HasDirectArcs();
+        const bool instance = !_expandInstances &&
+                              StrongestField(*prim, SdfFieldKeys->Instanceable, false) && graph.HasDirectArcs();
         uint32_t flags = 0;
         flags |= active ? Usd_PrimActiveFlag : 0u;
         flags |= parent->Has(Usd_PrimLoadedFlag) && (!graph.hasPayload || _load == LoadAll) ? Usd_PrimLoadedFlag : 0u;

@@ -85,14 +85,28 @@ public:
     double GetEndTimeCode() const;
     bool HasAuthoredTimeCodeRange() const;
 
+    /// The composed stage as one anonymous layer: every active prim with its
+    /// composed specifier, type, metadata and properties (resolved values,
+    /// time samples on the stage's time line, composed targets and
+    /// connections), the root layer's metadata, and no composition arcs.
+    /// Instances are written with their composed content. With
+    /// \p addSourceFileComment the layer's documentation names the root
+    /// layer it came from.
+    SdfLayerRefPtr Flatten(bool addSourceFileComment = true) const;
+
 private:
     struct _Contents;
 
-    UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load);
+    UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load, bool expandInstances = false);
     void _Compose();
+    bool _HasInstances() const;
+    void _FlattenInto(SdfData* data) const;
 
     SdfLayerRefPtr _rootLayer;
     InitialLoadSet _load;
+    /// Compose the children of instanceable prims in place, as if none were
+    /// instances: what flattening writes.
+    bool _expandInstances;
     std::unique_ptr<_Contents> _contents;
 };
 
