@@ -23,7 +23,11 @@ findings="build/fuzz/findings/$target"
 mkdir -p "$seeds" "$findings"
 if [ -d "$corpus" ]; then
   for pattern in "${patterns[@]}"; do
-    find "$corpus" -name "$pattern" -size -1024k -exec cp -t "$seeds" {} +
+    # Corpus files of one name live in several folders: seeds are named by content.
+    find "$corpus" -name "$pattern" -size -1024k -print0 |
+      while IFS= read -r -d '' file; do
+        cp "$file" "$seeds/$(sha1sum < "$file" | cut -c1-16)-$(basename "$file")"
+      done
   done
 fi
 "build/fuzz/fuzz/$target" "$seeds" -max_total_time="$seconds" -rss_limit_mb=2048 -timeout=10 \
