@@ -131,6 +131,25 @@ void SdfData::Set(const SdfPath& path, const TfToken& fieldName, VtValue&& value
     }
 }
 
+void SdfData::SetFields(const SdfPath& path, FieldVector&& fields)
+{
+    Spec* spec = _Find(path);
+    if (!spec) {
+        TF_CODING_ERROR("Cannot set fields on nonexistent spec at <%s>", path.GetText());
+        return;
+    }
+    const auto emptyOrRepeated = [&fields](const Field& field) {
+        return field.second.IsEmpty() || &*FindField(fields, field.first) != &field;
+    };
+    if (spec->fields.empty() && std::none_of(fields.begin(), fields.end(), emptyOrRepeated)) {
+        spec->fields = std::move(fields);
+        return;
+    }
+    for (Field& field : fields) {
+        Set(path, field.first, std::move(field.second));
+    }
+}
+
 void SdfData::Erase(const SdfPath& path, const TfToken& fieldName)
 {
     Spec* spec = _Find(path);

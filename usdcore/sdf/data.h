@@ -82,6 +82,10 @@ public:
     void Set(const SdfPath& path, const TfToken& fieldName, const VtValue& value);
     void Set(const SdfPath& path, const TfToken& fieldName, VtValue&& value);
     void Erase(const SdfPath& path, const TfToken& fieldName);
+    /// Sets every field of \p fields on an existing spec, as Set would one
+    /// after another. Readers that gather a spec's fields first spare a
+    /// lookup per field and the growing of the spec's field list.
+    void SetFields(const SdfPath& path, FieldVector&& fields);
     /// Field names of this spec in the order they were first set.
     std::vector<TfToken> List(const SdfPath& path) const;
     /// Its fields in place, or null.

@@ -69,7 +69,11 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
         }
         data->CreateSpec(path, static_cast<SdfSpecType>(spec.specType));
         // The structure stage checked that the run is terminated.
-        for (size_t i = spec.fieldSetIndex; structure.fieldSets[i] != Sdf_CrateFieldSetEnd; ++i) {
+        size_t end = spec.fieldSetIndex;
+        while (structure.fieldSets[end] != Sdf_CrateFieldSetEnd) ++end;
+        SdfData::FieldVector fields;
+        fields.reserve(end - spec.fieldSetIndex);
+        for (size_t i = spec.fieldSetIndex; i != end; ++i) {
             const Sdf_CrateField& field = structure.fields[structure.fieldSets[i]];
             const TfToken& name = tokens[field.tokenIndex];
             VtValue value;
@@ -83,8 +87,9 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
             if (name == SdfFieldKeys->Payload) {
                 value = PayloadAsListOp(value);
             }
-            data->Set(path, name, std::move(value));
+            fields.emplace_back(name, std::move(value));
         }
+        data->SetFields(path, std::move(fields));
     }
     return true;
 }
