@@ -204,6 +204,21 @@ TEST(HdFaceVaryingTriangulation, TooFewValuesGiveZeros)
     EXPECT_TRUE(capture.Contains(TF_DIAGNOSTIC_WARNING_TYPE, "face-varying"));
 }
 
+TEST(HdFaceVaryingTriangulation, RefusedTopologyGivesNoValues)
+{
+    // The counts ask for more triangles than there are indices: nothing may
+    // be written, whatever the values.
+    const HdMeshTopology topology = Mesh(HdTokens->rightHanded, {2000000, 5}, {0, 1, 2});
+    const std::vector<GfVec3f> normals(3, GfVec3f(0, 0, 1));
+    VtValue triangulated;
+    TfDiagnosticCapture capture;
+    ASSERT_TRUE(HdMeshUtil(&topology, kMeshPath)
+                    .ComputeTriangulatedFaceVaryingPrimvar(normals.data(), 3, HdTypeFloatVec3,
+                                                           &triangulated));
+    EXPECT_TRUE(triangulated.UncheckedGet<VtVec3fArray>().empty());
+    EXPECT_TRUE(capture.Contains(TF_DIAGNOSTIC_WARNING_TYPE, "not triangulated"));
+}
+
 TEST(HdFaceVaryingTriangulation, ScalarDoublesAndUnsupportedTypes)
 {
     const HdMeshTopology topology = Mesh(HdTokens->rightHanded, {3}, {0, 1, 2});

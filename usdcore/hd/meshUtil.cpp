@@ -112,12 +112,15 @@ void TriangulateFaceVarying(const HdMeshTopology& topology, const VtIntArray& ho
     VtArray<T> result(static_cast<size_t>(triangleCount) * 3);
     T* out = result.data();
     bool overrun = false;
-    ForEachTriangulatedFace(topology.GetFaceVertexCounts(), holeIndices,
-                            [&](size_t, int64_t offset, int vertexCount) {
-                                for (int j = 0; j < vertexCount - 2; ++j, out += 3) {
-                                    overrun |= !FanTriangle(values, size, offset, j, flip, out);
-                                }
-                            });
+    // A topology refused by the plan (-1, given here as 0) gives no values.
+    if (triangleCount > 0) {
+        ForEachTriangulatedFace(topology.GetFaceVertexCounts(), holeIndices,
+                                [&](size_t, int64_t offset, int vertexCount) {
+                                    for (int j = 0; j < vertexCount - 2; ++j, out += 3) {
+                                        overrun |= !FanTriangle(values, size, offset, j, flip, out);
+                                    }
+                                });
+    }
     if (overrun) {
         WarnOverrun(id, "face-varying values");
     }
