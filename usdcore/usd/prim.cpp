@@ -83,7 +83,8 @@ std::vector<TfToken> UsdPrim::GetAppliedSchemas() const
 {
     std::vector<TfToken> schemas;
     if (!_prim) return schemas;
-    for (const Usd_Opinion* opinion = _prim->OpinionsEnd(); opinion-- != _prim->OpinionsBegin();) {
+    for (const Usd_Opinion* opinion = _prim->OpinionsEnd(); opinion != _prim->OpinionsBegin();) {
+        --opinion;
         const VtValue* value = Usd_FindField(*opinion->fields, ApiSchemasKey());
         if (value && value->IsHolding<SdfTokenListOp>()) {
             value->UncheckedGet<SdfTokenListOp>().ApplyOperations(&schemas);

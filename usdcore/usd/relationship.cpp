@@ -16,7 +16,8 @@ bool Usd_ComposePathListField(const Usd_PrimData& prim, const TfToken& name, con
     paths->clear();
     bool authored = false;
     bool allMapped = true;
-    for (const Usd_Opinion* opinion = prim.OpinionsEnd(); opinion-- != prim.OpinionsBegin();) {
+    for (const Usd_Opinion* opinion = prim.OpinionsEnd(); opinion != prim.OpinionsBegin();) {
+        --opinion;
         const SdfPath propertyPath = opinion->path.AppendProperty(name);
         const VtValue* value = opinion->layer->GetData().GetFieldValue(propertyPath, field);
         if (!value || !value->IsHolding<SdfPathListOp>()) continue;

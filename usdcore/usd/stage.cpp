@@ -46,7 +46,8 @@ std::vector<TfToken> ComposeChildNames(const Usd_PrimData& prim)
     const Usd_Opinion* begin = prim.OpinionsBegin();
     const Usd_Opinion* end = prim.OpinionsEnd();
     const bool single = end - begin == 1;
-    for (const Usd_Opinion* opinion = end; opinion-- != begin;) {
+    for (const Usd_Opinion* opinion = end; opinion != begin;) {
+        --opinion;
         const auto* children = FindHeld<std::vector<TfToken>>(*opinion->fields, SdfChildrenKeys->PrimChildren);
         if (children) {
             if (single) {
