@@ -31,14 +31,39 @@ SdfData::Spec* SdfData::_Find(const SdfPath& path)
     return found == _specs.end() ? nullptr : &found->second;
 }
 
-void SdfData::CreateSpec(const SdfPath& path, SdfSpecType specType)
+SdfData::Spec* SdfData::_CreateSpec(const SdfPath& path, SdfSpecType specType)
 {
     if (path.IsEmpty() || specType == SdfSpecTypeUnknown) {
         TF_CODING_ERROR("Cannot create a spec of type %d at <%s>", static_cast<int>(specType),
                         path.GetText());
+        return nullptr;
+    }
+    Spec& spec = _specs[path];
+    spec.type = specType;
+    return &spec;
+}
+
+void SdfData::CreateSpec(const SdfPath& path, SdfSpecType specType)
+{
+    _CreateSpec(path, specType);
+}
+
+void SdfData::CreateSpec(const SdfPath& path, SdfSpecType specType, FieldVector&& fields)
+{
+    Spec* spec = _CreateSpec(path, specType);
+    if (!spec) {
         return;
     }
-    _specs[path].type = specType;
+    const auto emptyOrRepeated = [&fields](const Field& field) {
+        return field.second.IsEmpty() || &*FindField(fields, field.first) != &field;
+    };
+    if (spec->fields.empty() && std::none_of(fields.begin(), fields.end(), emptyOrRepeated)) {
+        spec->fields = std::move(fields);
+        return;
+    }
+    for (Field& field : fields) {
+        Set(path, field.first, std::move(field.second));
+    }
 }
 
 bool SdfData::HasSpec(const SdfPath& path) const
@@ -128,25 +153,6 @@ void SdfData::Set(const SdfPath& path, const TfToken& fieldName, VtValue&& value
         field->second = std::move(value);
     } else {
         spec->fields.emplace_back(fieldName, std::move(value));
-    }
-}
-
-void SdfData::SetFields(const SdfPath& path, FieldVector&& fields)
-{
-    Spec* spec = _Find(path);
-    if (!spec) {
-        TF_CODING_ERROR("Cannot set fields on nonexistent spec at <%s>", path.GetText());
-        return;
-    }
-    const auto emptyOrRepeated = [&fields](const Field& field) {
-        return field.second.IsEmpty() || &*FindField(fields, field.first) != &field;
-    };
-    if (spec->fields.empty() && std::none_of(fields.begin(), fields.end(), emptyOrRepeated)) {
-        spec->fields = std::move(fields);
-        return;
-    }
-    for (Field& field : fields) {
-        Set(path, field.first, std::move(field.second));
     }
 }
 

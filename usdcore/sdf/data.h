@@ -50,6 +50,10 @@ public:
     /// Makes a spec at \p path of \p specType. An existing spec keeps its
     /// fields and takes the new type.
     void CreateSpec(const SdfPath& path, SdfSpecType specType);
+    /// The same, then sets every field of \p fields as Set would one after
+    /// another. Readers that gather a spec's fields first spare a lookup per
+    /// field and the growing of the spec's field list.
+    void CreateSpec(const SdfPath& path, SdfSpecType specType, FieldVector&& fields);
     bool HasSpec(const SdfPath& path) const;
     void EraseSpec(const SdfPath& path);
     /// Moves the entry at \p oldPath (only that spec, not its descendants).
@@ -82,10 +86,6 @@ public:
     void Set(const SdfPath& path, const TfToken& fieldName, const VtValue& value);
     void Set(const SdfPath& path, const TfToken& fieldName, VtValue&& value);
     void Erase(const SdfPath& path, const TfToken& fieldName);
-    /// Sets every field of \p fields on an existing spec, as Set would one
-    /// after another. Readers that gather a spec's fields first spare a
-    /// lookup per field and the growing of the spec's field list.
-    void SetFields(const SdfPath& path, FieldVector&& fields);
     /// Field names of this spec in the order they were first set.
     std::vector<TfToken> List(const SdfPath& path) const;
     /// Its fields in place, or null.
@@ -116,6 +116,9 @@ private:
 
     const Spec* _Find(const SdfPath& path) const;
     Spec* _Find(const SdfPath& path);
+    /// The spec at \p path, made if missing, with \p specType; null (and a
+    /// coding error) for an empty path or an unknown type.
+    Spec* _CreateSpec(const SdfPath& path, SdfSpecType specType);
     const SdfTimeSampleMap* _TimeSamples(const SdfPath& path) const;
 
     std::unordered_map<SdfPath, Spec, SdfPath::Hash> _specs;

@@ -67,7 +67,6 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
             return error->Fail("spec refers to path " + std::to_string(spec.pathIndex) +
                                ", which the path tree does not define");
         }
-        data->CreateSpec(path, static_cast<SdfSpecType>(spec.specType));
         // The structure stage checked that the run is terminated.
         size_t end = spec.fieldSetIndex;
         while (structure.fieldSets[end] != Sdf_CrateFieldSetEnd) ++end;
@@ -89,7 +88,7 @@ bool ReadSpecs(const Sdf_CrateStructure& structure, const std::vector<TfToken>& 
             }
             fields.emplace_back(name, std::move(value));
         }
-        data->SetFields(path, std::move(fields));
+        data->CreateSpec(path, static_cast<SdfSpecType>(spec.specType), std::move(fields));
     }
     return true;
 }
