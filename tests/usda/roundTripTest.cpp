@@ -67,10 +67,46 @@ def Xform "A" (
 {
     uniform token[] xformOpOrder = ["xformOp:translate"]
     float f = 0.1
-    rel r
-    rel r = [</A>]
+    rel r = </A>
 }
 )");
+}
+
+TEST(UsdaWriter, PropertiesAreDeclaredOnlyWhereTheDeclarationCarriesSomething)
+{
+    // Each statement as OpenUSD's own text writer lays it out: no bare
+    // declaration before samples or list edits, one target bare and several
+    // one per line, 'custom' kept on a line of its own.
+    const std::string layer = R"(#usda 1.0
+
+def "A"
+{
+    double x.timeSamples = {
+        1: 2,
+    }
+    double y = 3
+    double y.timeSamples = {
+        1: 4,
+    }
+    uniform float u.connect = [
+        </A.x>,
+        </A.y>,
+    ]
+    prepend float v.connect = </A.x>
+    rel many = [
+        </A>,
+        </B>,
+    ]
+    rel none = None
+    custom rel edited
+    delete rel edited = </B>
+    prepend rel edited = </A>
+    varying rel moving
+}
+)";
+    std::string text;
+    ASSERT_TRUE(SdfUsdaWriteData(Read(layer), &text));
+    EXPECT_EQ(text, layer);
 }
 
 TEST(UsdaRoundTrip, NumbersAtTheEdgesOfTheirTypesComeBackExactly)

@@ -214,8 +214,31 @@ void FormatItems(const std::vector<T>& items, int indent, std::string* out)
     out->push_back(']');
 }
 
+// Targets and connections the way OpenUSD's writer lays them out: one path
+// bare, several one per line.
+void FormatPropertyPaths(const std::vector<SdfPath>& paths, int indent, std::string* out)
+{
+    if (paths.size() == 1) {
+        FormatItem(paths.front(), indent, out);
+        return;
+    }
+    if (paths.empty()) {
+        out->append("[]");
+        return;
+    }
+    out->append("[\n");
+    for (const SdfPath& path : paths) {
+        Indent(indent + 1, out);
+        FormatItem(path, indent + 1, out);
+        out->append(",\n");
+    }
+    Indent(indent, out);
+    out->push_back(']');
+}
+
 template <class T>
-void FormatListOp(const SdfListOp<T>& listOp, const std::string& statement, int indent, std::string* out)
+void FormatListOp(const SdfListOp<T>& listOp, const std::string& statement, int indent, std::string* out,
+                  void (*formatItems)(const std::vector<T>&, int, std::string*) = FormatItems<T>)
 {
     auto line = [&](const char* opKeyword, SdfListOpType op) {
         Indent(indent, out);
@@ -226,7 +249,7 @@ void FormatListOp(const SdfListOp<T>& listOp, const std::string& statement, int 
         if (op == SdfListOpTypeExplicit && items.empty()) {
             out->append("None");
         } else {
-            FormatItems(items, indent, out);
+            formatItems(items, indent, out);
         }
         out->push_back('\n');
     };
@@ -457,7 +480,16 @@ void Sdf_FormatMetadata(const TfToken& fieldName, const VtValue& value, int inde
 void Sdf_FormatPathListOp(const SdfPathListOp& listOp, const std::string& prefix, int indent,
                           std::string* out)
 {
-    FormatListOp(listOp, prefix, indent, out);
+    FormatListOp(listOp, prefix, indent, out, FormatPropertyPaths);
+}
+
+void Sdf_FormatPropertyPaths(const std::vector<SdfPath>& paths, int indent, std::string* out)
+{
+    if (paths.empty()) {
+        out->append("None");
+    } else {
+        FormatPropertyPaths(paths, indent, out);
+    }
 }
 
 void Sdf_FormatSubLayers(const std::vector<std::string>& paths,

@@ -49,6 +49,10 @@ void Sdf_FormatMetadata(const TfToken& fieldName, const VtValue& value, int inde
 void Sdf_FormatPathListOp(const SdfPathListOp& listOp, const std::string& prefix, int indent,
                           std::string* out);
 
+/// Appends an explicit list of targets or connections: "None" when empty,
+/// one path bare, several one per line.
+void Sdf_FormatPropertyPaths(const std::vector<SdfPath>& paths, int indent, std::string* out);
+
 /// Appends the sublayer statement.
 void Sdf_FormatSubLayers(const std::vector<std::string>& paths,
                          const std::vector<SdfLayerOffset>& offsets, int indent, std::string* out);

@@ -50,6 +50,9 @@ private:
         _data.Has(path, field, &names);
         return names;
     }
+    /// The metadata statements of \p path, one per line, or nothing.
+    std::string MetadataLines(const SdfPath& path, int indent, bool isLayer) const;
+    void WriteMetadataBlock(const std::string& lines, int indent, bool isLayer);
     void WriteMetadataBlock(const SdfPath& path, int indent, bool isLayer);
     void WriteReorder(const SdfPath& path, const TfToken& field, const char* statement, int indent);
     void WritePrim(const SdfPath& path, int indent);
@@ -58,7 +61,8 @@ private:
     void WriteRelationship(const SdfPath& path, int indent);
     void WriteVariantSet(const SdfPath& primPath, const TfToken& setName, int indent);
     void WriteValue(const SdfPath& path, const VtValue& value);
-    std::string DeclarationPrefix(const SdfPath& path) const;
+    bool IsCustom(const SdfPath& path) const;
+    SdfVariability Variability(const SdfPath& path, SdfVariability fallback) const;
 
     const SdfData& _data;
     std::string* _out;
@@ -76,7 +80,7 @@ void UsdaWriter::WriteLayer()
     }
 }
 
-void UsdaWriter::WriteMetadataBlock(const SdfPath& path, int indent, bool isLayer)
+std::string UsdaWriter::MetadataLines(const SdfPath& path, int indent, bool isLayer) const
 {
     std::string lines;
     std::string comment;
@@ -98,6 +102,11 @@ void UsdaWriter::WriteMetadataBlock(const SdfPath& path, int indent, bool isLaye
         _data.Has(path, SdfFieldKeys->SubLayerOffsets, &offsets);
         Sdf_FormatSubLayers(subLayers, offsets, indent + 1, &lines);
     }
+    return lines;
+}
+
+void UsdaWriter::WriteMetadataBlock(const std::string& lines, int indent, bool isLayer)
+{
     if (lines.empty()) {
         if (!isLayer) _out->push_back('\n');
         return;
@@ -106,6 +115,11 @@ void UsdaWriter::WriteMetadataBlock(const SdfPath& path, int indent, bool isLaye
     _out->append(lines);
     Indent(indent, _out);
     _out->append(")\n");
+}
+
+void UsdaWriter::WriteMetadataBlock(const SdfPath& path, int indent, bool isLayer)
+{
+    WriteMetadataBlock(MetadataLines(path, indent, isLayer), indent, isLayer);
 }
 
 void UsdaWriter::WriteReorder(const SdfPath& path, const TfToken& field, const char* statement, int indent)
@@ -163,18 +177,17 @@ void UsdaWriter::WriteBody(const SdfPath& path, int indent)
     _out->append("}\n");
 }
 
-std::string UsdaWriter::DeclarationPrefix(const SdfPath& path) const
+bool UsdaWriter::IsCustom(const SdfPath& path) const
 {
-    std::string prefix;
     bool custom = false;
-    if (_data.Has(path, SdfFieldKeys->Custom, &custom) && custom) {
-        prefix += "custom ";
-    }
-    SdfVariability variability = SdfVariabilityVarying;
-    if (_data.Has(path, SdfFieldKeys->Variability, &variability)) {
-        prefix += variability == SdfVariabilityUniform ? "uniform " : "varying ";
-    }
-    return prefix;
+    return _data.Has(path, SdfFieldKeys->Custom, &custom) && custom;
+}
+
+SdfVariability UsdaWriter::Variability(const SdfPath& path, SdfVariability fallback) const
+{
+    SdfVariability variability = fallback;
+    _data.Has(path, SdfFieldKeys->Variability, &variability);
+    return variability;
 }
 
 void UsdaWriter::WriteValue(const SdfPath& path, const VtValue& value)
@@ -188,50 +201,80 @@ void UsdaWriter::WriteValue(const SdfPath& path, const VtValue& value)
     }
 }
 
+// As OpenUSD writes properties: the declaration line only when it carries
+// something (a value, metadata, 'custom') or nothing else would declare the
+// property; samples, connections and list-edited targets as statements of
+// their own.
 void UsdaWriter::WriteAttribute(const SdfPath& path, int indent)
 {
     TfToken typeName;
     _data.Has(path, SdfFieldKeys->TypeName, &typeName);
-    const std::string declaration = typeName.GetString() + " " + path.GetName();
-    Indent(indent, _out);
-    _out->append(DeclarationPrefix(path));
-    _out->append(declaration);
-    if (const VtValue* value = _data.GetFieldValue(path, SdfFieldKeys->Default)) {
-        _out->append(" = ");
-        WriteValue(path, *value);
-    }
-    WriteMetadataBlock(path, indent, false);
+    // Attributes spell only 'uniform'; varying is the default.
+    const std::string variability =
+        Variability(path, SdfVariabilityVarying) == SdfVariabilityUniform ? "uniform " : "";
+    const std::string declaration = variability + typeName.GetString() + " " + path.GetName();
+    const VtValue* value = _data.GetFieldValue(path, SdfFieldKeys->Default);
     SdfTimeSampleMap samples;
-    if (_data.Has(path, SdfFieldKeys->TimeSamples, &samples)) {
+    const bool hasSamples = _data.Has(path, SdfFieldKeys->TimeSamples, &samples);
+    SdfPathListOp connections;
+    const bool hasConnections = _data.Has(path, SdfFieldKeys->ConnectionPaths, &connections);
+    const bool custom = IsCustom(path);
+    const std::string metadata = MetadataLines(path, indent, false);
+    if (!metadata.empty() || value || custom || (!hasSamples && !hasConnections)) {
+        Indent(indent, _out);
+        _out->append(custom ? "custom " : "");
+        _out->append(declaration);
+        if (value) {
+            _out->append(" = ");
+            WriteValue(path, *value);
+        }
+        WriteMetadataBlock(metadata, indent, false);
+    }
+    if (hasSamples) {
         Indent(indent, _out);
         _out->append(declaration);
         _out->append(".timeSamples = {\n");
-        for (const auto& [time, value] : samples) {
+        for (const auto& [time, sample] : samples) {
             Indent(indent + 1, _out);
             Sdf_FormatDouble(time, _out);
             _out->append(": ");
-            WriteValue(path, value);
+            WriteValue(path, sample);
             _out->append(",\n");
         }
         Indent(indent, _out);
         _out->append("}\n");
     }
-    SdfPathListOp connections;
-    if (_data.Has(path, SdfFieldKeys->ConnectionPaths, &connections)) {
+    if (hasConnections) {
         Sdf_FormatPathListOp(connections, declaration + ".connect", indent, _out);
     }
 }
 
 void UsdaWriter::WriteRelationship(const SdfPath& path, int indent)
 {
-    Indent(indent, _out);
-    _out->append(DeclarationPrefix(path));
-    _out->append("rel ");
-    _out->append(path.GetName());
-    WriteMetadataBlock(path, indent, false);
+    // Relationships are uniform unless declared 'varying'.
+    const std::string declaration =
+        std::string(Variability(path, SdfVariabilityUniform) == SdfVariabilityVarying ? "varying " : "") +
+        "rel " + path.GetName();
     SdfPathListOp targets;
-    if (_data.Has(path, SdfFieldKeys->TargetPaths, &targets)) {
-        Sdf_FormatPathListOp(targets, "rel " + path.GetName(), indent, _out);
+    const bool hasTargets = _data.Has(path, SdfFieldKeys->TargetPaths, &targets);
+    const bool explicitTargets = hasTargets && targets.IsExplicit();
+    const bool custom = IsCustom(path);
+    const std::string metadata = MetadataLines(path, indent, false);
+    if (!metadata.empty() || explicitTargets || (!hasTargets && !custom)) {
+        Indent(indent, _out);
+        _out->append(custom ? "custom " : "");
+        _out->append(declaration);
+        if (explicitTargets) {
+            _out->append(" = ");
+            Sdf_FormatPropertyPaths(targets.GetExplicitItems(), indent, _out);
+        }
+        WriteMetadataBlock(metadata, indent, false);
+    } else if (custom) {
+        Indent(indent, _out);
+        _out->append("custom " + declaration + "\n");
+    }
+    if (hasTargets && !explicitTargets) {
+        Sdf_FormatPathListOp(targets, declaration, indent, _out);
     }
 }
 
