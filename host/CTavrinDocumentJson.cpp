@@ -1,6 +1,8 @@
 #include "host/CTavrinDocumentJson.h"
 
 #include <algorithm>
+#include <ostream>
+#include <sstream>
 #include <unordered_map>
 
 #include "host/CTavrinDocument.h"
@@ -41,6 +43,21 @@ const char* NodeTypeName(enumEntityType type)
     }
 }
 
+// Writes \p value as dump(2) prints it inside a document, where it starts
+// \p indent spaces deep; invalid UTF-8 is replaced rather than thrown on.
+void WriteNested(const CTavrinJson& value, int indent, std::ostream& out)
+{
+    const std::string text = value.dump(2, ' ', false, CTavrinJson::error_handler_t::replace);
+    const std::string pad(indent, ' ');
+    std::size_t start = 0;
+    // Strings are escaped, so every newline is the dump's own.
+    for (std::size_t newline; (newline = text.find('\n', start)) != std::string::npos; start = newline + 1) {
+        out.write(text.data() + start, static_cast<std::streamsize>(newline + 1 - start));
+        out << pad;
+    }
+    out.write(text.data() + start, static_cast<std::streamsize>(text.size() - start));
+}
+
 class DocumentWriter {
 public:
     explicit DocumentWriter(const CTavrinDocument& document) : m_document(document)
@@ -69,10 +86,41 @@ public:
             nodes.push_back(Node(*node));
         CTavrinJson result = CTavrinJson::object();
         result["nodes"] = std::move(nodes);
-        result["sequence"] = nullptr;
-        if (sequence)
-            result["sequence"] = sequence([this](const CTavrinSceneNode* node) { return NodeId(node); });
+        result["sequence"] = Sequence(sequence);
         return result;
+    }
+
+    // The same text as dumping Write()'s result nested \p indent spaces
+    // deep, one node at a time: a scene of a million prims never stands in
+    // memory as one JSON tree.
+    void WriteText(const CTavrinSequenceJsonWriter& sequence, int indent, std::ostream& out) const
+    {
+        const std::string inner(indent + 2, ' ');
+        const std::string item(indent + 4, ' ');
+        out << "{\n" << inner << "\"nodes\": ";
+        const auto& nodes = m_document.SceneNodes();
+        if (nodes.empty()) {
+            out << "[]";
+        } else {
+            out << "[\n";
+            for (std::size_t i = 0; i < nodes.size(); ++i) {
+                out << item;
+                WriteNested(Node(*nodes[i]), indent + 4, out);
+                out << (i + 1 < nodes.size() ? ",\n" : "\n");
+            }
+            out << inner << ']';
+        }
+        out << ",\n" << inner << "\"sequence\": ";
+        WriteNested(Sequence(sequence), indent + 2, out);
+        out << '\n' << std::string(indent, ' ') << '}';
+    }
+
+private:
+    CTavrinJson Sequence(const CTavrinSequenceJsonWriter& sequence) const
+    {
+        if (!sequence)
+            return nullptr;
+        return sequence([this](const CTavrinSceneNode* node) { return NodeId(node); });
     }
 
 private:
@@ -194,10 +242,29 @@ CTavrinJson ImportRecordToJson(const CTavrinImportRecord& record, const CTavrinS
     return json;
 }
 
+void WriteImportRecordJson(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence,
+                           std::ostream& out)
+{
+    CTavrinJson progress = CTavrinJson::array();
+    for (const auto& [message, value] : record.progress)
+        progress.push_back({message.toStdString(), value});
+    out << "{\n  \"format\": \"tavrin-document/1\",\n  \"source\": ";
+    WriteNested(CTavrinJson(record.source.toStdString()), 2, out);
+    out << ",\n  \"progress\": ";
+    WriteNested(progress, 2, out);
+    out << ",\n  \"document\": ";
+    if (record.document)
+        DocumentWriter(*record.document).WriteText(sequence, 2, out);
+    else
+        out << "null";
+    out << "\n}";
+}
+
 std::string ImportRecordToJsonText(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence)
 {
-    // Replace invalid UTF-8 rather than throw: nothing may escape the writer.
-    return ImportRecordToJson(record, sequence).dump(2, ' ', false, CTavrinJson::error_handler_t::replace);
+    std::ostringstream text;
+    WriteImportRecordJson(record, sequence, text);
+    return text.str();
 }
 
 } // namespace Tavrin

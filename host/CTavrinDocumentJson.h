@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,7 +39,10 @@ struct CTavrinImportRecord {
 CTavrinJson DocumentToJson(const CTavrinDocument& document, const CTavrinSequenceJsonWriter& sequence);
 // The whole object: format, source, progress, document.
 CTavrinJson ImportRecordToJson(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence);
-// As text, indented by two spaces, numbers in shortest round-trip form.
+// As text, indented by two spaces, numbers in shortest round-trip form:
+// the text of ImportRecordToJson's dump, written node by node.
+void WriteImportRecordJson(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence,
+                           std::ostream& out);
 std::string ImportRecordToJsonText(const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& sequence);
 
 } // namespace Tavrin

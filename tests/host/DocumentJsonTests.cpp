@@ -142,3 +142,27 @@ TEST(DocumentJson, NumbersReadBackToTheSameDouble)
     EXPECT_EQ(matrix[11].get<double>(), -2.5e17);
     EXPECT_NE(ImportRecordToJsonText(record, nullptr).find("0.3333333333333333,"), std::string::npos);
 }
+
+TEST(DocumentJson, TextWrittenNodeByNodeIsTheIndentedDumpOfTheWhole)
+{
+    SmallScene scene;
+    const CTavrinSequenceJsonWriter sequence = [&scene](const CTavrinNodeIdLookup& nodeId) {
+        return CTavrinJson{{"node", nodeId(scene.spine)}, {"keys", {1, 2}}};
+    };
+    std::unique_ptr<CTavrinDocument> empty(CTavrinDocument::Create(true));
+    const auto dumped = [](const CTavrinImportRecord& record, const CTavrinSequenceJsonWriter& writer) {
+        return ImportRecordToJson(record, writer).dump(2, ' ', false, CTavrinJson::error_handler_t::replace);
+    };
+    CTavrinImportRecord record;
+    record.source = CTavrinString("robot.usda");
+    record.progress = {{CTavrinString("Initilizing"), 1}};
+    const CTavrinDocument* documents[] = {scene.document.get(), empty.get(), nullptr};
+    for (const CTavrinDocument* document : documents) {
+        record.document = document;
+        EXPECT_EQ(ImportRecordToJsonText(record, sequence), dumped(record, sequence));
+        EXPECT_EQ(ImportRecordToJsonText(record, nullptr), dumped(record, nullptr));
+    }
+    // A name that is not UTF-8 is replaced, not thrown on.
+    record.source = CTavrinString(std::string("bad\xff.usda"));
+    EXPECT_EQ(ImportRecordToJsonText(record, nullptr), dumped(record, nullptr));
+}

@@ -54,7 +54,8 @@ bool WriteJson(const std::string& path, const CTavrinImportRecord& record, const
     std::ofstream stream(path, std::ios::binary | std::ios::trunc);
     if (!stream)
         return false;
-    stream << ImportRecordToJsonText(record, SequenceJsonWriter(sequence)) << '\n';
+    WriteImportRecordJson(record, SequenceJsonWriter(sequence), stream);
+    stream << '\n';
     return static_cast<bool>(stream.flush());
 }
 
