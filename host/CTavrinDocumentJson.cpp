@@ -44,18 +44,13 @@ const char* NodeTypeName(enumEntityType type)
 }
 
 // Writes \p value as dump(2) prints it inside a document, where it starts
-// \p indent spaces deep; invalid UTF-8 is replaced rather than thrown on.
+// \p indent spaces deep, straight to \p out; invalid UTF-8 is replaced
+// rather than thrown on.
 void WriteNested(const CTavrinJson& value, int indent, std::ostream& out)
 {
-    const std::string text = value.dump(2, ' ', false, CTavrinJson::error_handler_t::replace);
-    const std::string pad(indent, ' ');
-    std::size_t start = 0;
-    // Strings are escaped, so every newline is the dump's own.
-    for (std::size_t newline; (newline = text.find('\n', start)) != std::string::npos; start = newline + 1) {
-        out.write(text.data() + start, static_cast<std::streamsize>(newline + 1 - start));
-        out << pad;
-    }
-    out.write(text.data() + start, static_cast<std::streamsize>(text.size() - start));
+    nlohmann::detail::serializer<CTavrinJson> serializer(nlohmann::detail::output_adapter<char>(out), ' ',
+                                                         CTavrinJson::error_handler_t::replace);
+    serializer.dump(value, true, false, 2, static_cast<unsigned int>(indent));
 }
 
 class DocumentWriter {
