@@ -14,9 +14,26 @@ namespace Tavrin {
 
 namespace {
 
+// An object with room for \p members: its members sit in a vector of
+// (const key, value) pairs, which regrows by copying, so a geometry would
+// otherwise be copied whole each time a member is added after it.
+CTavrinJson Object(std::size_t members)
+{
+    CTavrinJson json = CTavrinJson::object();
+    json.get_ref<CTavrinJson::object_t&>().reserve(members);
+    return json;
+}
+
+CTavrinJson Array(std::size_t elements)
+{
+    CTavrinJson json = CTavrinJson::array();
+    json.get_ref<CTavrinJson::array_t&>().reserve(elements);
+    return json;
+}
+
 CTavrinJson MatrixJson(const CTavrinMatrix& matrix)
 {
-    CTavrinJson values = CTavrinJson::array();
+    CTavrinJson values = Array(16);
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)
             values.push_back(matrix.M(row, column));
@@ -25,7 +42,7 @@ CTavrinJson MatrixJson(const CTavrinMatrix& matrix)
 
 CTavrinJson VectorsJson(const std::vector<CTavrin3DVertex>& vectors)
 {
-    CTavrinJson list = CTavrinJson::array();
+    CTavrinJson list = Array(vectors.size());
     for (const CTavrin3DVertex& v : vectors)
         list.push_back({v.X(), v.Y(), v.Z()});
     return list;
@@ -121,7 +138,7 @@ private:
 private:
     CTavrinJson Node(const CTavrinSceneNode& node) const
     {
-        CTavrinJson json = CTavrinJson::object();
+        CTavrinJson json = Object(8);
         json["id"] = NodeId(&node);
         json["type"] = NodeTypeName(node.EntityType());
         json["name"] = node.Name().toStdString();
@@ -144,7 +161,7 @@ private:
 
     static CTavrinJson Material(const CTavrinMaterial& material)
     {
-        CTavrinJson json = CTavrinJson::object();
+        CTavrinJson json = Object(3);
         json["name"] = material.Name().toStdString();
         CTavrinJson set = CTavrinJson::object();
         CTavrinJson textures = CTavrinJson::object();
@@ -170,14 +187,14 @@ private:
 
     CTavrinJson Geometry(const CTavrinGeometry& geometry) const
     {
-        CTavrinJson json = CTavrinJson::object();
+        CTavrinJson json = Object(4);
         const CTavrinVerticiesTable* vertices = geometry.VerticiesTable();
         json["vertices"] = vertices ? VectorsJson(vertices->Vectors()) : CTavrinJson::array();
         const CTavrinVerticiesNormalsTable* normals = geometry.VerticiesNormalsTable();
         json["normals"] = normals ? VectorsJson(normals->Vectors()) : CTavrinJson(nullptr);
         json["triangles"] = nullptr;
         if (const CTavrinPolygonsTable* polygons = geometry.PolygonsTable()) {
-            CTavrinJson triangles = CTavrinJson::array();
+            CTavrinJson triangles = Array(polygons->Triangles().size());
             for (const auto& t : polygons->Triangles())
                 triangles.push_back({t[0], t[1], t[2]});
             json["triangles"] = std::move(triangles);
@@ -199,7 +216,7 @@ private:
                 return a.second->vertex < b.second->vertex;
             return a.first < b.first;
         });
-        CTavrinJson json = CTavrinJson::array();
+        CTavrinJson json = Array(entries.size());
         for (const auto& [jointId, entry] : entries)
             json.push_back({entry->vertex, jointId < 0 ? CTavrinJson(nullptr) : CTavrinJson(jointId), entry->weight});
         return json;
@@ -207,7 +224,7 @@ private:
 
     static CTavrinJson TextureCoordinates(const CTavrinTextureCoordinatesTable& table)
     {
-        CTavrinJson json = CTavrinJson::array();
+        CTavrinJson json = Array(table.Coordinates().size());
         for (const CTavrinTextureCoordinate& c : table.Coordinates())
             json.push_back({c.U(), c.V()});
         return json;
