@@ -247,6 +247,23 @@ TEST(SdfPathBuilding, SamePathIsTheSameNode)
     EXPECT_EQ(SdfPath::Hash()(built), std::hash<SdfPath>()(parsed));
 }
 
+TEST(SdfPathBuilding, FindingAPropertyPathNeverMakesOne)
+{
+    const SdfPath prim = P("/FindMe");
+    const SdfPath made = prim.AppendProperty(TfToken("made"));
+    EXPECT_EQ(Sdf_FindPropertyPath(prim, TfToken("made")), made);
+    // A name no path was built with is absent, and stays so after asking.
+    EXPECT_TRUE(Sdf_FindPropertyPath(prim, TfToken("neverMade")).IsEmpty());
+    EXPECT_TRUE(Sdf_FindPropertyPath(prim, TfToken("neverMade")).IsEmpty());
+    // The same name under another prim is another path.
+    EXPECT_TRUE(Sdf_FindPropertyPath(P("/Other"), TfToken("made")).IsEmpty());
+    // What AppendProperty refuses reports as it does.
+    TfDiagnosticCapture capture;
+    EXPECT_TRUE(Sdf_FindPropertyPath(prim, TfToken("x y")).IsEmpty());
+    EXPECT_TRUE(Sdf_FindPropertyPath(made, TfToken("z")).IsEmpty());
+    EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_CODING_ERROR_TYPE), 2u);
+}
+
 TEST(SdfPathEditing, ReplacePrefix)
 {
     EXPECT_EQ(P("/A/B.x").ReplacePrefix(P("/A"), P("/C/D")), P("/C/D/B.x"));

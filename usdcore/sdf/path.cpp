@@ -449,6 +449,23 @@ SdfPath SdfPath::AppendProperty(const TfToken& propName) const
     return SdfPath(Append(_node, NodeType::PrimProperty, propName));
 }
 
+SdfPath Sdf_FindPropertyPath(const SdfPath& primPath, const TfToken& name)
+{
+    if (!primPath._node) {
+        return SdfPath();
+    }
+    if (const Sdf_PathNode* node =
+            Sdf_FindPathNode(primPath._node, NodeType::PrimProperty, name, TfToken(), nullptr)) {
+        return SdfPath(node);
+    }
+    const Sdf_PathNode* prim = primPath._node;
+    if (!prim->IsPrimLike() || prim == Sdf_AbsoluteRootNode() || IsDotDot(prim) ||
+        !SdfPath::IsValidNamespacedIdentifier(name.GetString())) {
+        return primPath.AppendProperty(name); // refused, with its diagnostic
+    }
+    return SdfPath();
+}
+
 SdfPath SdfPath::AppendVariantSelection(const std::string& variantSet,
                                         const std::string& variant) const
 {

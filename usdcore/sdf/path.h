@@ -135,12 +135,19 @@ public:
 
 private:
     friend struct Sdf_PathParser;
+    friend SdfPath Sdf_FindPropertyPath(const SdfPath& primPath, const TfToken& name);
     explicit SdfPath(const Sdf_PathNode* node) noexcept : _node(node) {}
 
     const Sdf_PathNode* _node = nullptr;
 };
 
 inline size_t hash_value(const SdfPath& path) { return path.GetHash(); }
+
+/// primPath.AppendProperty(name) when that path was ever made, else the empty
+/// path, without making it: a layer can only hold specs at paths that exist,
+/// so lookups of properties that nothing authored leave the path table as it
+/// was. Requests AppendProperty would refuse still report as it does.
+SdfPath Sdf_FindPropertyPath(const SdfPath& primPath, const TfToken& name);
 
 std::ostream& operator<<(std::ostream& out, const SdfPath& path);
 

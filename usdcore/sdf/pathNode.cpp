@@ -147,19 +147,44 @@ const Sdf_PathNode* Sdf_RelativeRootNode()
     return &Table().relativeRoot;
 }
 
+namespace {
+
+void FillKey(Sdf_PathNode* key, const Sdf_PathNode* parent, Sdf_PathNodeType type, const TfToken& name,
+             const TfToken& variant, const Sdf_PathNode* target)
+{
+    key->parent = parent;
+    key->type = type;
+    key->name = name;
+    key->variant = variant;
+    key->target = target;
+    key->hash = NodeKeyHash(parent, type, name, variant, target);
+}
+
+Shard& ShardOf(const Sdf_PathNode& key)
+{
+    return Table().shards[(key.hash >> 58) % kShardCount];
+}
+
+} // namespace
+
+const Sdf_PathNode* Sdf_FindPathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
+                                     const TfToken& name, const TfToken& variant,
+                                     const Sdf_PathNode* target)
+{
+    Sdf_PathNode key;
+    FillKey(&key, parent, type, name, variant, target);
+    Shard& shard = ShardOf(key);
+    std::lock_guard<std::mutex> lock(shard.mutex);
+    return shard.index.Find(key);
+}
+
 const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
                                              const TfToken& name, const TfToken& variant,
                                              const Sdf_PathNode* target)
 {
     Sdf_PathNode key;
-    key.parent = parent;
-    key.type = type;
-    key.name = name;
-    key.variant = variant;
-    key.target = target;
-    key.hash = NodeKeyHash(parent, type, name, variant, target);
-
-    Shard& shard = Table().shards[(key.hash >> 58) % kShardCount];
+    FillKey(&key, parent, type, name, variant, target);
+    Shard& shard = ShardOf(key);
     std::lock_guard<std::mutex> lock(shard.mutex);
     if (const Sdf_PathNode* found = shard.index.Find(key)) {
         return found;

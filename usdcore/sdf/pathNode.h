@@ -58,6 +58,12 @@ const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_Pat
                                              const TfToken& name, const TfToken& variant,
                                              const Sdf_PathNode* target);
 
+/// The node for (parent, type, name, variant, target) if one was ever made,
+/// else null: a lookup that leaves the table as it was.
+const Sdf_PathNode* Sdf_FindPathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
+                                     const TfToken& name, const TfToken& variant,
+                                     const Sdf_PathNode* target);
+
 /// The full text of the path ending in \p node.
 const std::string& Sdf_PathNodeText(const Sdf_PathNode* node);
 

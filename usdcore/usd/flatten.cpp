@@ -79,7 +79,7 @@ std::vector<TfToken> PropertyMetadataFields(const Usd_PrimData& prim, const TfTo
 {
     return AuthoredMetadataFields([&](auto&& visit) {
         for (const Usd_Opinion* opinion = prim.OpinionsBegin(); opinion != prim.OpinionsEnd(); ++opinion) {
-            const SdfPath specPath = opinion->path.AppendProperty(name);
+            const SdfPath specPath = Sdf_FindPropertyPath(opinion->path, name);
             if (const SdfData::FieldVector* fields = opinion->layer->GetData().GetFields(specPath)) {
                 visit(*fields);
             }

@@ -63,7 +63,7 @@ bool UsdObject::IsValid() const
 SdfSpecType UsdObject::_GetAuthoredSpecType() const
 {
     for (const Usd_Opinion* opinion = _prim->OpinionsBegin(); opinion != _prim->OpinionsEnd(); ++opinion) {
-        const SdfSpecType specType = opinion->layer->GetSpecType(opinion->path.AppendProperty(_propName));
+        const SdfSpecType specType = opinion->layer->GetSpecType(Sdf_FindPropertyPath(opinion->path, _propName));
         if (specType != SdfSpecTypeUnknown) return specType;
     }
     return SdfSpecTypeUnknown;

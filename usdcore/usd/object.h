@@ -108,7 +108,7 @@ void UsdObject::_ForEachSpec(Fn&& fn) const
             continue;
         }
         const SdfData::FieldVector* fields =
-            opinion->layer->GetData().GetFields(opinion->path.AppendProperty(_propName));
+            opinion->layer->GetData().GetFields(Sdf_FindPropertyPath(opinion->path, _propName));
         if (fields && !fn(*opinion, *fields)) return;
     }
 }

@@ -18,7 +18,7 @@ bool Usd_ComposePathListField(const Usd_PrimData& prim, const TfToken& name, con
     bool allMapped = true;
     for (const Usd_Opinion* opinion = prim.OpinionsEnd(); opinion != prim.OpinionsBegin();) {
         --opinion;
-        const SdfPath propertyPath = opinion->path.AppendProperty(name);
+        const SdfPath propertyPath = Sdf_FindPropertyPath(opinion->path, name);
         const VtValue* value = opinion->layer->GetData().GetFieldValue(propertyPath, field);
         if (!value || !value->IsHolding<SdfPathListOp>()) continue;
         authored = true;
