@@ -18,11 +18,13 @@ constexpr unsigned int NewestArchiveVersion = Tavrin::CTavrinArchiveBase::Curren
 
 class TestWriter {
 public:
-    explicit TestWriter(unsigned int version) : m_archive(version) {}
+    explicit TestWriter(unsigned int version) : m_version(version), m_archive(version) {}
     Tavrin::CTavrinArchiveBase& archive() { return m_archive; }
     std::vector<std::uint8_t> Bytes() const { return m_archive.Bytes(); }
+    unsigned int Version() const { return m_version; }
 
 private:
+    unsigned int m_version;
     Tavrin::CTavrinBinaryArchiveWriter m_archive;
 };
 
@@ -50,6 +52,22 @@ public:
 private:
     unsigned int m_previous;
 };
+
+// Reads what writer holds into target, as a document of the writer's version
+// would: true when the record was read and nothing of it was left over.
+template <class Archivable>
+bool ReadBack(const TestWriter& writer, Archivable& target) {
+    FileVersionScope file(writer.Version());
+    TestReader reader(writer.Bytes(), writer.Version());
+    return target.ArchiveReadWrite(reader.archive()) && reader.AtEnd();
+}
+
+// Writes source at the newest version and reads it back into target.
+template <class Archivable>
+bool RoundTrip(Archivable& source, Archivable& target) {
+    TestWriter writer(NewestArchiveVersion);
+    return source.ArchiveReadWrite(writer.archive()) && ReadBack(writer, target);
+}
 
 // Writes a record one field at a time, as an older version laid it out.
 class RecordWriter {

@@ -5,6 +5,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "AnimationTestEntities.h"
+#include "DataMemberNames.h"
 #include "ArchiveTestSupport.h"
 #include "MatrixExpectations.h"
 #include "host/CTavrinCamera.h"
@@ -28,17 +29,6 @@ CameraPtr NewCamera(const CTavrinID& entity = CTavrinID()) {
 
 CTavrin3DVertex PositionOf(const CTavrinMatrix& m) {
     return CTavrin3DVertex(m.M(0, 3), m.M(1, 3), m.M(2, 3));
-}
-
-std::vector<std::string> MemberNames(CTavrinDataMembersManager& object) {
-    std::vector<std::string> names;
-    for (int index = 0; index < object.DataMembersCount(); ++index) {
-        enumDataMemberType type = DATA_MEMBER_NONE;
-        CTavrinString name;
-        object.DataMember(index, type, name);
-        names.push_back(name.toStdString());
-    }
-    return names;
 }
 
 } // namespace
@@ -156,13 +146,8 @@ TEST(CameraKeyFrame, NewestRecordRoundTrips) {
     camera->SetAngle(90);
     camera->SetBlendsCameras(true);
 
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(camera->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     CameraPtr read = NewCamera();
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*camera, *read));
     EXPECT_EQ(read->FieldOfView(), 45.0);
     EXPECT_TRUE(read->DepthOfFieldEnabled());
     EXPECT_EQ(read->DepthOfFieldDistance(), 3.0);
@@ -179,13 +164,10 @@ TEST(CameraKeyFrame, FileOf10049HasNoFieldOfView) {
     RecordWriter out(writer.archive());
     out.ID(CTavrinID()).ID(CTavrinID()).Int(0).Int(8).Int(0).Int(0).Int(1); // base, legacy value, serial
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Double(5).Double(360).Bool(false).Bool(false).Bool(false);
-    FileVersionScope file(10049);
-    TestReader reader(writer.Bytes(), 10049);
     CameraPtr read = NewCamera();
     read->SetFieldOfView(80);
     read->SetEaseInMode(2);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->FieldOfView(), 30.0);
     // Before ease modes the whole span ran at constant speed.
     EXPECT_EQ(read->ConstantSpeedStartFrame(), 0);
@@ -199,12 +181,9 @@ TEST(CameraKeyFrame, FileOf10070HasNoDepthOfField) {
     out.ID(CTavrinID()).ID(CTavrinID()).Int(0).Int(0).Int(0).Int(0).Int(1);
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Double(5).Double(360).Bool(false).Bool(false).Bool(false);
     out.Double(60);
-    FileVersionScope file(10070);
-    TestReader reader(writer.Bytes(), 10070);
     CameraPtr read = NewCamera();
     read->SetDepthOfField(true, 9, 9);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->FieldOfView(), 60.0);
     EXPECT_FALSE(read->DepthOfFieldEnabled());
     EXPECT_EQ(read->DepthOfFieldDistance(), 5.0);
@@ -219,11 +198,8 @@ TEST(CameraKeyFrame, FileOf10013KeptAWholeCamera) {
     out.Bool(false).Double(45);
     CTavrinBasicCamera copy = stored;
     ASSERT_TRUE(writer.archive().ReadWrite(copy));
-    FileVersionScope file(10013);
-    TestReader reader(writer.Bytes(), 10013);
     CameraPtr read = NewCamera();
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->Angle(), 45.0);
     EXPECT_NEAR(read->DistanceToTarget(), 4.0, 1e-12);
     EXPECT_TRUE(read->HasMemberSet());
@@ -311,11 +287,8 @@ TEST(CameraKeyFrame, TracksOfFilesBefore10014MoveToTheCamerasTransform) {
     out.UInt(1).ID(previous).ID(node->ID());                           // previous -> camera
     out.Int(0).Int(0).Int(3);
     out.UInt(1).ID(node->ID()).UInt(2);                                 // the camera's counter
-    FileVersionScope file(10013);
-    TestReader reader(writer.Bytes(), 10013);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
 
     ASSERT_NE(node->LocalTransform(), nullptr); // made for the move
     const CTavrinID transform = node->LocalTransform()->ID();

@@ -179,11 +179,8 @@ TEST_F(KeyFrameArchive, Version10002) {
     out.ID(first).ID(first).Int(4).Int(4).Int(4).Int(77);           // base: frames, legacy value
     out.Matrix(Translation(3, 0, 0));                               // no pivot
     out.UInt(0).Int(0).Int(0).Int(4);                               // no redirects; reserved, range
-    FileVersionScope file(10002);
-    TestReader reader(writer.Bytes(), 10002);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     auto& key = dynamic_cast<CTavrinKeyFrameDataTransform&>(At(read, first, 4));
     EXPECT_EQ(key.LegacyValue(), 77);
     EXPECT_EQ(key.EaseInMode(), 0);
@@ -204,11 +201,8 @@ TEST_F(KeyFrameArchive, Version10003AddsTheSavableFlag) {
     out.ID(first).ID(first).Int(2).Int(6).Int(3).Int(0);
     out.Matrix(CTavrinMatrix());
     out.UInt(0).Int(0).Int(0).Int(0);
-    FileVersionScope file(10003);
-    TestReader reader(writer.Bytes(), 10003);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     ASSERT_EQ(read.FindTrack(first)->size(), 1u);
     EXPECT_EQ(At(read, first, 2).WorkingFrame(), 3);
     EXPECT_EQ(At(read, first, 2).ConstantSpeedStartFrame(), 0); // start differs from end
@@ -223,11 +217,8 @@ TEST_F(KeyFrameArchive, Version10006AddsSerialNumbersPivotAndCounters) {
     out.UInt(1).ID(second).ID(first);                                // one redirect
     out.Int(0).Int(0).Int(5);
     out.UInt(1).ID(first).UInt(3);                                   // one counter
-    FileVersionScope file(10006);
-    TestReader reader(writer.Bytes(), 10006);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     auto& key = dynamic_cast<CTavrinKeyFrameDataTransform&>(At(read, first, 5));
     EXPECT_EQ(key.SerialNumber(), 3);
     EXPECT_EQ(key.Pivot().Z(), 3.0);
@@ -242,11 +233,8 @@ TEST_F(KeyFrameArchive, Version12201ReplacesTheLegacyValueByEaseModes) {
     out.ID(first).ID(first).Int(5).Int(5).Int(5).Int(2).Int(1).Int(1); // ease in 2, out 1, serial 1
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex());
     out.UInt(0).Int(0).Int(0).Int(5).UInt(0);
-    FileVersionScope file(12201);
-    TestReader reader(writer.Bytes(), 12201);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     EXPECT_EQ(At(read, first, 5).EaseInMode(), 2);
     EXPECT_EQ(At(read, first, 5).EaseOutMode(), 1);
     EXPECT_EQ(At(read, first, 5).LegacyValue(), 0);
@@ -262,11 +250,8 @@ TEST_F(KeyFrameArchive, Version12503AddsTheLinkedGuids) {
     out.ID(first).ID(first).Int(5).Int(5).Int(5).Int(0).Int(0).Int(1).UUID(linked).UUID(secondLinked);
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex());
     out.UInt(0).Int(0).Int(0).Int(5).UInt(0);
-    FileVersionScope file(12503);
-    TestReader reader(writer.Bytes(), 12503);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     EXPECT_TRUE(At(read, first, 5).HasLinkedGuids());
     EXPECT_EQ(At(read, first, 5).LinkedGuid(), linked); // no entity has it: kept as read
     EXPECT_EQ(At(read, first, 5).SecondLinkedGuid(), secondLinked);
@@ -313,11 +298,8 @@ TEST_F(KeyFrameArchive, MorphRecordsBeforeAndAfterThePerTargetLayout) {
     out.ID(first).ID(first).Int(2).Int(2).Int(2).Int(0).Int(0).Int(1).UUID(CTavrinUUID()).UUID(CTavrinUUID());
     out.UInt(3).Double(0.25).Double(0.5).Double(1.0);
     out.UInt(0).Int(0).Int(0).Int(2).UInt(0);
-    FileVersionScope file(13003);
-    TestReader reader(writer.Bytes(), 13003);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, read));
     EXPECT_EQ(dynamic_cast<const CTavrinKeyFrameDataMorph&>(At(read, first, 2)).LegacyWeights(),
               (std::vector<double>{0.25, 0.5, 1.0}));
 

@@ -6,6 +6,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataLight.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "AnimationTestEntities.h"
+#include "DataMemberNames.h"
 #include "ArchiveTestSupport.h"
 #include "host/CTavrinLight.h"
 
@@ -62,14 +63,7 @@ TEST_F(LightKeyFrame, FactoryMakesAPointLight) {
 
 TEST_F(LightKeyFrame, PointLightMembers) {
     CTavrinBasicPointLight point;
-    std::vector<std::string> names;
-    for (int index = 0; index < point.DataMembersCount(); ++index) {
-        enumDataMemberType type = DATA_MEMBER_NONE;
-        CTavrinString name;
-        point.DataMember(index, type, name);
-        names.push_back(name.toStdString());
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"Name", "Color", "Intensity", "Range"}));
+    EXPECT_EQ(MemberNames(point), (std::vector<std::string>{"Name", "Color", "Intensity", "Range"}));
     ASSERT_TRUE(point.DataMemberValueChanged(4.5, 3));
     EXPECT_EQ(point.Range(), 4.5);
 }
@@ -95,13 +89,8 @@ TEST_F(LightKeyFrame, SavableWhileAnUndeletedSourceShinesTheLight) {
 TEST_F(LightKeyFrame, UnsavableLightIsWrittenAsAFalseFlag) {
     CTavrinKeyFrameManager manager;
     manager.AddKeyFrameData(new CTavrinKeyFrameDataLight(light->ID(), nullptr), true);
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(manager.ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     CTavrinKeyFrameManager read;
-    ASSERT_TRUE(read.ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(manager, read));
     EXPECT_EQ(read.FindTrack(light->ID()), nullptr);
 }
 
@@ -135,13 +124,8 @@ TEST_F(LightKeyFrame, NewestRecordRoundTrips) {
     point->SetColor(CTavrinColor(0.5, 0.4, 0.3, 1));
     point->SetName(CTavrinString("Key"));
     LightPtr key(new CTavrinKeyFrameDataLight(light->ID(), point));
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(key->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     LightPtr read(new CTavrinKeyFrameDataLight(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*key, *read));
     const CTavrinBasicPointLight& readPoint = PointOf(*read);
     EXPECT_EQ(readPoint.Name().toStdString(), "Key");
     EXPECT_EQ(readPoint.Intensity(), 3.0);
@@ -163,11 +147,8 @@ TEST_F(LightKeyFrame, UnknownKindBecomesAPointLightWithTheValuesItHasAPlaceFor) 
     WriteString(archive, "Range");
     out.Int(16);
     out.Double(4).Double(30).Double(12);
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     LightPtr read(new CTavrinKeyFrameDataLight(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(PointOf(*read).Intensity(), 4.0);
     EXPECT_EQ(PointOf(*read).Range(), 12.0);
 }
@@ -181,11 +162,8 @@ TEST_F(LightKeyFrame, FileBefore10030HasOnlyTheLightsRecord) {
     out.Int(7); // skipped
     WriteString(archive, "Fill");
     out.Double(0.2).Double(0.3).Double(0.4).Double(1).Double(0.75).Double(25);
-    FileVersionScope file(10029);
-    TestReader reader(writer.Bytes(), 10029);
     LightPtr read(new CTavrinKeyFrameDataLight(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(PointOf(*read).Name().toStdString(), "Fill");
     EXPECT_EQ(PointOf(*read).Color(), CTavrinColor(0.2, 0.3, 0.4, 1));
     EXPECT_EQ(PointOf(*read).Intensity(), 0.75);

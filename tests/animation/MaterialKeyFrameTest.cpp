@@ -6,6 +6,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataMaterial.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "AnimationTestEntities.h"
+#include "DataMemberNames.h"
 #include "ArchiveTestSupport.h"
 #include "host/CTavrinMaterial.h"
 #include "host/CTavrinStructureDescription.h"
@@ -62,16 +63,8 @@ void WriteString(Tavrin::CTavrinArchiveBase& archive, const char* text) {
 
 TEST(BasicMaterialMembers, EveryValueIsANamedMember) {
     CTavrinBasicGeneralMaterial material;
-    std::vector<std::string> names;
     std::vector<int> types;
-    for (int index = 0; index < material.DataMembersCount(); ++index) {
-        enumDataMemberType type = DATA_MEMBER_NONE;
-        CTavrinString name;
-        material.DataMember(index, type, name);
-        names.push_back(name.toStdString());
-        types.push_back(type);
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"Name", "Color", "Alpha", "Roughness", "Metalness", "Emission",
+    EXPECT_EQ(MemberNames(material, &types), (std::vector<std::string>{"Name", "Color", "Alpha", "Roughness", "Metalness", "Emission",
                                                "Specular", "OcclusionStrength", "CoatThickness", "Eta",
                                                "DisplacementAmount"}));
     EXPECT_EQ(types, (std::vector<int>{1, 2, 16, 16, 16, 2, 2, 16, 16, 16, 16}));
@@ -163,13 +156,8 @@ TEST(MaterialKeyFrame, CopiesOwnTheirMaterial) {
 
 TEST(MaterialKeyFrame, NewestRecordRoundTrips) {
     MaterialPtr key(new CTavrinKeyFrameDataMaterial(CTavrinID(), Brick()));
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(key->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     MaterialPtr read(new CTavrinKeyFrameDataMaterial(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*key, *read));
     const CTavrinBasicMaterial& material = *read->Material();
     EXPECT_EQ(material.Name().toStdString(), "Brick");
     EXPECT_EQ(ValueOf(material, enumMaterialValue::Color, 2), 0.3);
@@ -194,11 +182,8 @@ TEST(MaterialKeyFrame, UnknownKindKeepsWhatTheGeneralMaterialHasAPlaceFor) {
     WriteString(archive, "Color");
     out.Int(2);
     out.Double(0.3).Double(7.0).Double(0.5).Double(0.6).Double(0.7).Double(1.0);
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     MaterialPtr read(new CTavrinKeyFrameDataMaterial(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     const CTavrinBasicMaterial& material = *read->Material();
     EXPECT_EQ(material.TypeName().toStdString(), "CTavrinBasicGeneralMaterial");
     EXPECT_EQ(ValueOf(material, enumMaterialValue::Alpha), 0.3);
@@ -220,11 +205,8 @@ TEST(MaterialKeyFrame, FileBefore10030HasOnlyTheMaterialsRecord) {
     out.Double(0).Double(0).Double(0).Double(1);         // Emission
     out.Double(1).Double(1).Double(1).Double(1);         // Specular
     out.Double(1).Double(0).Double(1.33).Double(0.1);    // OcclusionStrength, CoatThickness, Eta, DisplacementAmount
-    FileVersionScope file(10029);
-    TestReader reader(writer.Bytes(), 10029);
     MaterialPtr read(new CTavrinKeyFrameDataMaterial(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     const CTavrinBasicMaterial& material = *read->Material();
     EXPECT_EQ(material.Name().toStdString(), "Old");
     EXPECT_EQ(ValueOf(material, enumMaterialValue::Color, 0), 0.9);

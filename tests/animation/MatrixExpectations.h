@@ -1,6 +1,7 @@
 #pragma once
-// Element-wise matrix comparison for the animation tests.
+// Element-wise matrix and point comparisons for the animation tests.
 
+#include "host/CTavrin3DVertex.h"
 #include "host/CTavrinMatrix.h"
 
 #include <gtest/gtest.h>
@@ -16,4 +17,10 @@ inline void ExpectMatrixNear(const Tavrin::CTavrinMatrix& actual, const Tavrin::
 
 inline Tavrin::CTavrinMatrix Translation(double x, double y, double z) {
     return Tavrin::CTavrinMatrix::CreateTranslation(x, y, z);
+}
+
+inline void ExpectPointNear(const Tavrin::CTavrin3DVertex& actual, double x, double y, double z) {
+    EXPECT_NEAR(actual.X(), x, 1e-9);
+    EXPECT_NEAR(actual.Y(), y, 1e-9);
+    EXPECT_NEAR(actual.Z(), z, 1e-9);
 }

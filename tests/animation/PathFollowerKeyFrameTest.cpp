@@ -5,6 +5,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformBSplineFollower.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "AnimationTestEntities.h"
+#include "DataMemberNames.h"
 #include "ArchiveTestSupport.h"
 #include "MatrixExpectations.h"
 #include "host/CTavrinLinePath.h"
@@ -50,12 +51,6 @@ protected:
     CTavrinID transform = entities.NewTransform();
     CTavrinID node = entities.NewEntity();
 };
-
-void ExpectPointNear(const CTavrin3DVertex& actual, double x, double y, double z) {
-    EXPECT_NEAR(actual.X(), x, 1e-9);
-    EXPECT_NEAR(actual.Y(), y, 1e-9);
-    EXPECT_NEAR(actual.Z(), z, 1e-9);
-}
 
 } // namespace
 
@@ -135,16 +130,11 @@ TEST_F(PathFollower, FrameSettersReclampTheConstantSpeedWindow) {
 
 TEST_F(PathFollower, NamedMembersAreItsFourFrames) {
     FollowerPtr follower = NewFollower(5, 10, NewLPath());
-    std::vector<std::string> names;
-    for (int index = 0; index < follower->DataMembersCount(); ++index) {
-        enumDataMemberType type = DATA_MEMBER_NONE;
-        CTavrinString name;
-        follower->DataMember(index, type, name);
-        EXPECT_EQ(type, DATA_MEMBER_INT);
-        names.push_back(name.toStdString());
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"Start Frame", "End Frame", "Constant Speed Start Frame",
-                                               "Constant Speed End Frame"}));
+    std::vector<int> types;
+    EXPECT_EQ(MemberNames(*follower, &types), (std::vector<std::string>{"Start Frame", "End Frame",
+                                                                        "Constant Speed Start Frame",
+                                                                        "Constant Speed End Frame"}));
+    EXPECT_EQ(types, std::vector<int>(4, DATA_MEMBER_INT));
     ASSERT_TRUE(follower->DataMemberValueChanged(3, 1)); // the end frame pulls the start along
     EXPECT_EQ(follower->StartFrame(), 3);
     EXPECT_EQ(follower->EndFrame(), 3);
@@ -163,14 +153,9 @@ TEST_F(PathFollower, NewestRecordRoundTrips) {
     follower->SetOrientation(Translation(0, 2, 0));
     follower->SetOffset(Translation(0, 0, 3));
     follower->SetMatrix(Translation(7, 7, 7));
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(follower->ArchiveReadWrite(writer.archive()));
 
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     FollowerPtr read(new CTavrinKeyFrameDataTransformBSplineFollower(CTavrinID(), CTavrinMatrix()));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*follower, *read));
     EXPECT_EQ(read->PathID(), path);
     EXPECT_EQ(read->FollowedNodeID(), node);
     EXPECT_EQ(read->ConstantSpeedStartFrame(), 4);
@@ -189,11 +174,8 @@ TEST_F(PathFollower, FileBefore12201DerivesTheEaseModesFromTheWindow) {
     out.ID(transform).ID(transform).Int(0).Int(10).Int(0).Int(0).Int(1); // base, legacy value, serial
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Matrix(CTavrinMatrix()).ID(path);
     out.Matrix(CTavrinMatrix()).Matrix(CTavrinMatrix()).ID(node).Int(2).Int(8);
-    FileVersionScope file(12200);
-    TestReader reader(writer.Bytes(), 12200);
     FollowerPtr read(new CTavrinKeyFrameDataTransformBSplineFollower(CTavrinID(), CTavrinMatrix()));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->ConstantSpeedStartFrame(), 2);
     EXPECT_EQ(read->ConstantSpeedEndFrame(), 8);
     EXPECT_EQ(read->EaseInMode(), 1);
@@ -206,13 +188,10 @@ TEST_F(PathFollower, FileBefore10047RunsTheWholeSpanAtConstantSpeed) {
     out.ID(transform).ID(transform).Int(3).Int(9).Int(3).Int(0).Int(1);
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Matrix(CTavrinMatrix()).ID(NewLPath());
     out.Matrix(CTavrinMatrix()).Matrix(CTavrinMatrix()).ID(node);
-    FileVersionScope file(10046);
-    TestReader reader(writer.Bytes(), 10046);
     FollowerPtr read(new CTavrinKeyFrameDataTransformBSplineFollower(CTavrinID(), CTavrinMatrix()));
     read->SetEaseInMode(3);
     read->SetEaseOutMode(3);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->ConstantSpeedStartFrame(), 3);
     EXPECT_EQ(read->ConstantSpeedEndFrame(), 9);
     EXPECT_EQ(read->EaseInMode(), 0);
@@ -228,11 +207,8 @@ TEST_F(PathFollower, ArchiveBefore11000NamedTheCurveOfThePath) {
     out.ID(transform).ID(transform).Int(0).Int(10).Int(0).Int(0).Int(1);
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Matrix(CTavrinMatrix()).ID(curve);
     out.Matrix(CTavrinMatrix()).Matrix(CTavrinMatrix()).ID(node).Int(0).Int(10);
-    FileVersionScope file(10999);
-    TestReader reader(writer.Bytes(), 10999);
     FollowerPtr read(new CTavrinKeyFrameDataTransformBSplineFollower(CTavrinID(), CTavrinMatrix()));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->PathID(), path);
 }
 

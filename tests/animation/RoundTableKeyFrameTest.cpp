@@ -88,13 +88,8 @@ TEST(RoundTableKeyFrame, NewestRecordRoundTrips) {
     table->SetSecondMatrix(CTavrinMatrix::CreateScalling(2, 2, 2));
     table->SetConstantSpeedEndFrame(2);
     table->SetConstantSpeedStartFrame(1);
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(table->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     RoundTablePtr read(new CTavrinKeyFrameDataTransformRoundTable(CTavrinID(), CTavrinMatrix()));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*table, *read));
     EXPECT_EQ(read->Angle(), 90.0);
     EXPECT_EQ(read->Normal(), CTavrinNormal(0, 0, 1));
     ExpectMatrixNear(read->FirstMatrix(), Translation(0, 1, 0), 0.0);
@@ -109,13 +104,10 @@ TEST(RoundTableKeyFrame, FileOf10001HasNoFirstMatrixNorConstantSpeed) {
     out.ID(CTavrinID()).ID(CTavrinID()).Int(0).Int(4).Int(0).Int(0); // base with the legacy value
     out.Matrix(CTavrinMatrix()).Vertex(CTavrin3DVertex()).Matrix(Translation(0, 0, 3)).Double(180);
     out.Double(1).Double(0).Double(0);
-    FileVersionScope file(10001);
-    TestReader reader(writer.Bytes(), 10001);
     RoundTablePtr read(new CTavrinKeyFrameDataTransformRoundTable(CTavrinID(), CTavrinMatrix()));
     read->SetFirstMatrix(Translation(9, 9, 9));
     read->SetEaseOutMode(3);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->Normal(), CTavrinNormal(1, 0, 0));
     ExpectMatrixNear(read->SecondMatrix(), Translation(0, 0, 3), 0.0);
     ExpectMatrixNear(read->FirstMatrix(), Translation(9, 9, 9), 0.0); // not in the record

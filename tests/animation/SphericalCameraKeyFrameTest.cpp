@@ -5,6 +5,7 @@
 #include "TavrinAnimation/src/TavrinKeyFrameDataTransformSphericalCamera.h"
 #include "TavrinAnimation/src/TavrinKeyFrameManager.h"
 #include "AnimationTestEntities.h"
+#include "DataMemberNames.h"
 #include "ArchiveTestSupport.h"
 #include "MatrixExpectations.h"
 
@@ -31,26 +32,9 @@ SphericalPtr NewSpherical(int start, int layout, int rows, int columns, bool wra
     return camera;
 }
 
-void ExpectPointNear(const CTavrin3DVertex& actual, double x, double y, double z) {
-    EXPECT_NEAR(actual.X(), x, 1e-9);
-    EXPECT_NEAR(actual.Y(), y, 1e-9);
-    EXPECT_NEAR(actual.Z(), z, 1e-9);
-}
-
 CTavrin3DVertex PositionAt(CTavrinKeyFrameDataTransformSphericalCamera& camera, int frame) {
     camera.SetWorkingFrame(frame);
     return camera.BasicCamera().Position();
-}
-
-std::vector<std::string> MemberNames(CTavrinDataMembersManager& object) {
-    std::vector<std::string> names;
-    for (int index = 0; index < object.DataMembersCount(); ++index) {
-        enumDataMemberType type = DATA_MEMBER_NONE;
-        CTavrinString name;
-        object.DataMember(index, type, name);
-        names.push_back(name.toStdString());
-    }
-    return names;
 }
 
 } // namespace
@@ -68,39 +52,38 @@ TEST(SphericalCameraViews, FactoryMakesOneViewAroundTheDefaultTarget) {
     ExpectMatrixNear(camera.Matrix(), CTavrinMatrix());
 }
 
-TEST(SphericalCameraViews, RoundTableTurnsAQuarterPerFrameWithFourColumns) {
-    SphericalPtr camera = NewSpherical(10, 0, 1, 4);
-    EXPECT_EQ(camera->EndFrame(), 13);
-    ExpectPointNear(PositionAt(*camera, 10), 0, 0, 5);
-    ExpectPointNear(PositionAt(*camera, 11), 5, 0, 0);
-    ExpectPointNear(PositionAt(*camera, 12), 0, 0, -5);
-    ExpectPointNear(PositionAt(*camera, 13), -5, 0, 0);
-    // Every view still looks at the centre.
-    camera->SetWorkingFrame(11);
-    ExpectPointNear(camera->BasicCamera().LookAt(), 0, 0, 0);
-}
-
-TEST(SphericalCameraViews, HemisphereClimbsFromTheHorizonToTheTop) {
-    SphericalPtr camera = NewSpherical(0, 1, 2, 4);
-    EXPECT_EQ(camera->EndFrame(), 7);
-    ExpectPointNear(PositionAt(*camera, 1), 5, 0, 0);
-    ExpectPointNear(PositionAt(*camera, 4), 0, 5, 0);
-    ExpectPointNear(PositionAt(*camera, 5), 0, 5, 0);
-}
-
-TEST(SphericalCameraViews, SphereRunsFromPoleToPole) {
-    SphericalPtr camera = NewSpherical(0, 2, 3, 1);
-    ExpectPointNear(PositionAt(*camera, 0), 0, -5, 0);
-    ExpectPointNear(PositionAt(*camera, 1), 0, 0, 5);
-    ExpectPointNear(PositionAt(*camera, 2), 0, 5, 0);
-}
-
-TEST(SphericalCameraViews, VerticalWrapGoesRoundOverTheTop) {
-    SphericalPtr camera = NewSpherical(0, 2, 4, 1, true);
-    ExpectPointNear(PositionAt(*camera, 0), 0, 0, 5);
-    ExpectPointNear(PositionAt(*camera, 1), 0, 5, 0);
-    ExpectPointNear(PositionAt(*camera, 2), 0, 0, -5);
-    ExpectPointNear(PositionAt(*camera, 3), 0, -5, 0);
+// The camera 5 units out on +Z looking at the origin, one view per frame from frame start.
+TEST(SphericalCameraViews, EachLayoutVisitsItsViewsInOrder) {
+    struct View {
+        int frame;
+        double x, y, z;
+    };
+    const struct {
+        const char* name;
+        int start, layout, rows, columns;
+        bool wrap;
+        int end;
+        std::vector<View> views;
+    } cases[] = {
+        {"round table turns a quarter per frame", 10, 0, 1, 4, false, 13,
+         {{10, 0, 0, 5}, {11, 5, 0, 0}, {12, 0, 0, -5}, {13, -5, 0, 0}}},
+        {"hemisphere climbs from the horizon to the top", 0, 1, 2, 4, false, 7,
+         {{1, 5, 0, 0}, {4, 0, 5, 0}, {5, 0, 5, 0}}},
+        {"sphere runs from pole to pole", 0, 2, 3, 1, false, 2, {{0, 0, -5, 0}, {1, 0, 0, 5}, {2, 0, 5, 0}}},
+        {"vertical wrap goes round over the top", 0, 2, 4, 1, true, 3,
+         {{0, 0, 0, 5}, {1, 0, 5, 0}, {2, 0, 0, -5}, {3, 0, -5, 0}}},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        SphericalPtr camera = NewSpherical(test.start, test.layout, test.rows, test.columns, test.wrap);
+        EXPECT_EQ(camera->EndFrame(), test.end);
+        for (const View& view : test.views) {
+            SCOPED_TRACE(view.frame);
+            ExpectPointNear(PositionAt(*camera, view.frame), view.x, view.y, view.z);
+            // Every view still looks at the centre.
+            ExpectPointNear(camera->BasicCamera().LookAt(), 0, 0, 0);
+        }
+    }
 }
 
 TEST(SphericalCameraViews, ViewsTurnAboutTheCentre) {
@@ -201,13 +184,8 @@ TEST(SphericalCameraArchive, NewestRecordRoundTrips) {
     SphericalPtr camera = NewSpherical(2, 2, 3, 4, true);
     camera->SetCentre(CTavrin3DVertex(1, 2, 3));
     camera->SetFieldOfView(50);
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(camera->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     SphericalPtr read = NewSpherical(0, 0, 1, 1);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*camera, *read));
     EXPECT_EQ(read->LayoutType(), 2);
     EXPECT_EQ(read->Rows(), 3);
     EXPECT_EQ(read->Columns(), 4);
@@ -225,12 +203,9 @@ TEST(SphericalCameraArchive, FileOf10063HasNoCentre) {
     out.Matrix(Translation(0, 0, 5)).Vertex(CTavrin3DVertex()).Double(5).Double(360).Bool(false).Bool(false);
     out.Bool(false).Double(40);                   // field of view, no depth of field yet
     out.Int(1).Int(2).Int(2).Bool(false);         // hemisphere, 2 rows, 2 columns
-    FileVersionScope file(10063);
-    TestReader reader(writer.Bytes(), 10063);
     SphericalPtr read = NewSpherical(0, 0, 1, 1);
     read->SetCentre(CTavrin3DVertex(9, 9, 9));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     ExpectPointNear(read->Centre(), 0, 0, 0);
     EXPECT_EQ(read->FieldOfView(), 40.0);
     EXPECT_EQ(read->LayoutType(), 1);
@@ -245,11 +220,8 @@ TEST(SphericalCameraArchive, FileOf10013KeptAWholeCamera) {
     CTavrinBasicCamera stored = CameraOnZ(5);
     ASSERT_TRUE(writer.archive().ReadWrite(stored));
     out.Int(0).Int(1).Int(4).Bool(false); // round table of four columns, no centre yet
-    FileVersionScope file(10013);
-    TestReader reader(writer.Bytes(), 10013);
     SphericalPtr read = NewSpherical(0, 0, 1, 1);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->Columns(), 4);
     EXPECT_NEAR(read->DistanceToTarget(), 5.0, 1e-12);
     // The views turn about the origin, where the stored camera looked.
@@ -263,12 +235,9 @@ TEST(SphericalCameraArchive, ArchiveBefore12201HasNoConstantSpeedFrames) {
     out.Matrix(Translation(0, 0, 5)).Vertex(CTavrin3DVertex()).Double(5).Double(360).Bool(false).Bool(false);
     out.Bool(false).Double(30).Double(5).Double(1.4).Bool(false); // lens and depth of field
     out.Int(0).Int(1).Int(4).Bool(false).Vertex(CTavrin3DVertex());
-    FileVersionScope file(12200);
-    TestReader reader(writer.Bytes(), 12200);
     SphericalPtr read = NewSpherical(0, 0, 1, 1);
     read->SetEaseOutMode(3);
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     EXPECT_EQ(read->ConstantSpeedStartFrame(), 2);
     EXPECT_EQ(read->ConstantSpeedEndFrame(), 5);
     EXPECT_EQ(read->EaseOutMode(), 0);

@@ -139,13 +139,8 @@ TEST_F(VerticesKeyFrame, FullCopyCopiesEveryTable) {
 
 TEST_F(VerticesKeyFrame, NewestRecordRoundTrips) {
     VerticesPtr key = NewThreeFrames(vertices->ID());
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(key->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     VerticesPtr read(new CTavrinKeyFrameDataVertices(CTavrinID(), TableOf({CTavrin3DVertex(7, 7, 7)})));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(RoundTrip(*key, *read));
     EXPECT_FALSE(read->IsReading());
     EXPECT_EQ(read->EntityID(), vertices->ID());
     ASSERT_EQ(read->TableCount(), 3);
@@ -159,11 +154,8 @@ TEST_F(VerticesKeyFrame, RecordIsTheCountThenEachTable) {
     out.ID(vertices->ID()).ID(vertices->ID()).Int(2).Int(3).Int(2).Int(0).Int(0).Int(1);
     out.UUID(CTavrinUUID()).UUID(CTavrinUUID());
     out.Int(2).Int(1).Double(1).Double(2).Double(3).Int(0);
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
     VerticesPtr read(new CTavrinKeyFrameDataVertices(CTavrinID(), nullptr));
-    ASSERT_TRUE(read->ArchiveReadWrite(reader.archive()));
-    EXPECT_TRUE(reader.AtEnd());
+    ASSERT_TRUE(ReadBack(writer, *read));
     ASSERT_EQ(read->TableCount(), 2);
     ExpectVectors(read->Table(0), {CTavrin3DVertex(1, 2, 3)});
     ExpectVectors(read->Table(1), {});
