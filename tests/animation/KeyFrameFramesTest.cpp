@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace Tavrin;
 
 namespace {
@@ -27,33 +29,38 @@ TEST(KeyFrameFrames, NewDataStartsAtFrameZeroEverywhere) {
     EXPECT_EQ(key->Type(), KEYFRAME_TRANSFORM);
 }
 
-TEST(KeyFrameFrames, StartAboveEndIsAcceptedWithoutExtend) {
-    auto key = MakeKey(0, 3);
-    EXPECT_EQ(key->SetStartFrame(5, false), 5);
-    EXPECT_EQ(key->StartFrame(), 5);
-    EXPECT_EQ(key->EndFrame(), 3);
-}
-
-TEST(KeyFrameFrames, StartAboveEndMovesEndWithExtend) {
-    auto key = MakeKey(0, 3);
-    key->SetStartFrame(5, true);
-    EXPECT_EQ(key->StartFrame(), 5);
-    EXPECT_EQ(key->EndFrame(), 5);
-}
-
-TEST(KeyFrameFrames, NegativeFramesBecomeZero) {
-    auto key = MakeKey(2, 8);
-    EXPECT_EQ(key->SetStartFrame(-4, false), 0);
-    EXPECT_EQ(key->StartFrame(), 0);
-    EXPECT_EQ(key->SetEndFrame(-1, false), 0);
-    EXPECT_EQ(key->EndFrame(), 0);
-}
-
-TEST(KeyFrameFrames, EndBelowStartMovesStartWithExtend) {
-    auto key = MakeKey(5, 9);
-    key->SetEndFrame(2, true);
-    EXPECT_EQ(key->StartFrame(), 2);
-    EXPECT_EQ(key->EndFrame(), 2);
+// One change to a key of frames [start, end], and the span it leaves.
+TEST(KeyFrameFrames, SpanChanges) {
+    const struct {
+        const char* name;
+        int start, end;
+        std::function<void(CTavrinKeyFrameData&)> change;
+        int expectedStart, expectedEnd;
+    } cases[] = {
+        {"start above end is accepted without extend", 0, 3,
+         [](CTavrinKeyFrameData& key) { EXPECT_EQ(key.SetStartFrame(5, false), 5); }, 5, 3},
+        {"start above end moves the end with extend", 0, 3, [](CTavrinKeyFrameData& key) { key.SetStartFrame(5, true); },
+         5, 5},
+        {"end below start moves the start with extend", 5, 9,
+         [](CTavrinKeyFrameData& key) { key.SetEndFrame(2, true); }, 2, 2},
+        {"negative frames become zero", 2, 8,
+         [](CTavrinKeyFrameData& key) {
+             EXPECT_EQ(key.SetStartFrame(-4, false), 0);
+             EXPECT_EQ(key.SetEndFrame(-1, false), 0);
+         },
+         0, 0},
+        {"shift below frame zero changes nothing", 5, 9, [](CTavrinKeyFrameData& key) { key.ShiftFrames(-10); }, 5, 9},
+        {"scale below one changes nothing", 3, 7, [](CTavrinKeyFrameData& key) { key.ScaleFrames(0.5); }, 3, 7},
+        {"scale stops at the largest frame", 3, 7, [](CTavrinKeyFrameData& key) { key.ScaleFrames(1e12); },
+         2147483647, 2147483647},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        auto key = MakeKey(test.start, test.end);
+        test.change(*key);
+        EXPECT_EQ(key->StartFrame(), test.expectedStart);
+        EXPECT_EQ(key->EndFrame(), test.expectedEnd);
+    }
 }
 
 TEST(KeyFrameFrames, WorkingFrameFollowsTheSpan) {
@@ -101,13 +108,6 @@ TEST(KeyFrameFrames, ConstantSpeedWindowStaysInsideTheSpan) {
     EXPECT_EQ(key->ConstantSpeedEndFrame(), 12);
 }
 
-TEST(KeyFrameFrames, ShiftBelowFrameZeroChangesNothing) {
-    auto key = MakeKey(5, 9);
-    key->ShiftFrames(-10);
-    EXPECT_EQ(key->StartFrame(), 5);
-    EXPECT_EQ(key->EndFrame(), 9);
-}
-
 TEST(KeyFrameFrames, ShiftMovesEveryFrame) {
     auto key = MakeKey(5, 9);
     key->SetConstantSpeedStartFrame(6);
@@ -128,13 +128,6 @@ TEST(KeyFrameFrames, ShiftClampsTheWorkingFrameIntoTheNewSpan) {
     EXPECT_EQ(key->WorkingFrame(), 10);
 }
 
-TEST(KeyFrameFrames, ScaleBelowOneChangesNothing) {
-    auto key = MakeKey(3, 7);
-    key->ScaleFrames(0.5);
-    EXPECT_EQ(key->StartFrame(), 3);
-    EXPECT_EQ(key->EndFrame(), 7);
-}
-
 TEST(KeyFrameFrames, ScaleByTwo) {
     auto key = MakeKey(3, 7);
     key->SetWorkingFrame(5);
@@ -142,13 +135,6 @@ TEST(KeyFrameFrames, ScaleByTwo) {
     EXPECT_EQ(key->StartFrame(), 6);
     EXPECT_EQ(key->EndFrame(), 14);
     EXPECT_EQ(key->WorkingFrame(), 10);
-}
-
-TEST(KeyFrameFrames, ScaleStopsAtTheLargestFrame) {
-    auto key = MakeKey(3, 7);
-    key->ScaleFrames(1e12);
-    EXPECT_EQ(key->StartFrame(), 2147483647);
-    EXPECT_EQ(key->EndFrame(), 2147483647);
 }
 
 TEST(KeyFrameFrames, ScaleTruncatesTowardZero) {
