@@ -78,9 +78,8 @@ def SkelRoot "Rig" {
 
 TEST(ReadSkeletalAnimation, EverySampledFrameKeysEachJointOfTheSameName)
 {
-    ScratchFolder scratch;
     // Listed in another order than the skeleton, with a joint it lacks.
-    const ImportResult result = ImportText(scratch, AnimatedRig(R"(
+    const ImportResult result = ImportText(AnimatedRig(R"(
             uniform token[] joints = ["Hips/Spine", "Nobody", "Hips"]
             float3[] translations = [(0, 0, 1), (0, 0, 9), (0, 0, 2)]
             quatf[] rotations.timeSamples = { 0: [(1, 0, 0, 0), (1, 0, 0, 0), (1, 0, 0, 0)],
@@ -105,8 +104,7 @@ TEST(ReadSkeletalAnimation, EverySampledFrameKeysEachJointOfTheSameName)
 
 TEST(ReadSkeletalAnimation, FramesAreTheUnionOfSamplesCutToWholeFramesAndPosedThere)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, AnimatedRig(R"(
+    const ImportResult result = ImportText(AnimatedRig(R"(
             uniform token[] joints = ["Hips"]
             float3[] translations.timeSamples = { 0: [(0, 0, 0)], 2.5: [(0, 5, 0)], 12.5: [(10, 5, 0)] }
             quatf[] rotations.timeSamples = { 5: [(1, 0, 0, 0)] }
@@ -122,8 +120,7 @@ TEST(ReadSkeletalAnimation, FramesAreTheUnionOfSamplesCutToWholeFramesAndPosedTh
 
 TEST(ReadSkeletalAnimation, JointsBeyondThePosesGetNoKeyFrames)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, AnimatedRig(R"(
+    const ImportResult result = ImportText(AnimatedRig(R"(
             uniform token[] joints = ["Hips", "Hips/Spine"]
             float3[] translations.timeSamples = { 1: [(0, 0, 3)] }
             quatf[] rotations = [(1, 0, 0, 0)]
@@ -170,11 +167,10 @@ def Xform "Box" {
 
 TEST(ReadTransformAnimation, SamplesOnEveryFrameAreNotBaked)
 {
-    ScratchFolder scratch;
     std::string samples;
     for (int frame = 1; frame <= 24; ++frame)
         samples += std::to_string(frame) + ": (" + std::to_string(frame) + ", 0, 0), ";
-    const std::vector<KeyFrame> box = KeyFramesOf(ImportText(scratch, MovingBox(samples)).json, "Box");
+    const std::vector<KeyFrame> box = KeyFramesOf(ImportText(MovingBox(samples)).json, "Box");
     ASSERT_EQ(box.size(), 24u);
     EXPECT_EQ(box.front().start, 1);
     EXPECT_EQ(box.back().start, 24);
@@ -183,9 +179,8 @@ TEST(ReadTransformAnimation, SamplesOnEveryFrameAreNotBaked)
 
 TEST(ReadTransformAnimation, EveryWholeFrameUpToTheLastSampleIsBaked)
 {
-    ScratchFolder scratch;
     const std::vector<KeyFrame> box =
-        KeyFramesOf(ImportText(scratch, MovingBox("0: (0, 0, 0), 10: (10, 0, 0), 20: (0, 0, 0)")).json, "Box");
+        KeyFramesOf(ImportText(MovingBox("0: (0, 0, 0), 10: (10, 0, 0), 20: (0, 0, 0)")).json, "Box");
     ASSERT_EQ(box.size(), 21u);
     for (int frame = 0; frame <= 20; ++frame) {
         const KeyFrame& key = box[static_cast<std::size_t>(frame)];
@@ -217,9 +212,8 @@ TEST(ReadTransformAnimation, SampleTimesAreCutTowardZero)
 
 TEST(ReadTransformAnimation, OnlyRootNodesKeyTheRootCorrection)
 {
-    ScratchFolder scratch;
     // Y-up in centimetres; two samples, the last at 1, bake frame 0 only.
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 (
     upAxis = "Y"
 )

@@ -47,8 +47,7 @@ TEST(ConvertMatrix, AConvertedMatrixMovesPointsAsUSDDoes)
 
 TEST(ConvertMatrix, AnAuthoredTransformOpAndAStackOfOpsGiveTheComposedMatrix)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 (
     upAxis = "Z"
     metersPerUnit = 1

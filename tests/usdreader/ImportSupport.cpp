@@ -74,6 +74,11 @@ ImportResult ImportText(const ScratchFolder& scratch, const std::string& usda, c
     return ImportFile(path, (scratch.Path() / "textures").string());
 }
 
+ImportResult ImportText(const std::string& usda)
+{
+    return ImportText(ScratchFolder(), usda);
+}
+
 std::unique_ptr<OpenedScene> OpenScene(const ScratchFolder& scratch, const std::string& usda)
 {
     auto scene = std::make_unique<OpenedScene>();

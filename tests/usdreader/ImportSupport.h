@@ -52,6 +52,8 @@ ImportResult ImportFile(const std::string& path, const std::string& folder, bool
 // Writes usda under fileName in scratch and imports it.
 ImportResult ImportText(const ScratchFolder& scratch, const std::string& usda,
                         const std::string& fileName = "scene.usda");
+// The same in a scratch folder of its own, gone once the import is done.
+ImportResult ImportText(const std::string& usda);
 
 // A handler whose stage is the scene written from usda, with a document, for
 // calling one converter at a time.

@@ -130,8 +130,7 @@ def Xform "Bound" {
 
 TEST(MeshMaterialResolution, TheMeshsOwnBindingBeatsItsSubsets)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, subsetScene);
+    const ImportResult result = ImportText(subsetScene);
     const CTavrinJson material = NodeNamed(result.json, "OwnBinding").at("material");
     EXPECT_EQ(material.at("name"), "Red");
     EXPECT_EQ(material.at("set").at("Color"), CTavrinJson::parse("[1, 0, 0]"));
@@ -139,8 +138,7 @@ TEST(MeshMaterialResolution, TheMeshsOwnBindingBeatsItsSubsets)
 
 TEST(MeshMaterialResolution, TheFirstBoundSubsetGivesTheWholeMeshItsMaterial)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, subsetScene);
+    const ImportResult result = ImportText(subsetScene);
     const CTavrinJson material = NodeNamed(result.json, "SubsetsOnly").at("material");
     EXPECT_EQ(material.at("name"), "Blue");
     EXPECT_EQ(material.at("set").at("Color"), CTavrinJson::parse("[0, 0, 1]"));
@@ -148,8 +146,7 @@ TEST(MeshMaterialResolution, TheFirstBoundSubsetGivesTheWholeMeshItsMaterial)
 
 TEST(MeshMaterialResolution, AMaterialBoundOnlyToTheParentLeavesTheMeshUnnamed)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, subsetScene);
+    const ImportResult result = ImportText(subsetScene);
     const CTavrinJson material = NodeNamed(result.json, "Inside").at("material");
     EXPECT_EQ(material.at("name"), "");
     EXPECT_FALSE(material.at("set").contains("Color"));
@@ -157,8 +154,7 @@ TEST(MeshMaterialResolution, AMaterialBoundOnlyToTheParentLeavesTheMeshUnnamed)
 
 TEST(MeshMaterialResolution, OneUSDMaterialGivesEachMeshItsOwnHostMaterial)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, subsetScene);
+    const ImportResult result = ImportText(subsetScene);
     EXPECT_EQ(NodeNamed(result.json, "OwnBinding").at("material").at("name"), "Red");
     EXPECT_EQ(NodeNamed(result.json, "NotASubset").at("material").at("name"), "Red");
     const auto* first = static_cast<const CTavrin3DObject*>(result.document->SceneNodes()[0]);

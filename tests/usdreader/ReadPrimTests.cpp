@@ -24,8 +24,7 @@ std::vector<double> Translation(const CTavrinJson& node)
 
 TEST(ReadPrimNodes, TransformsMakeTransformNodesUnderTheirParents)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "World" {
     double3 xformOp:translate = (1, 2, 3)
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -46,9 +45,8 @@ def Xform "World" {
 
 TEST(ReadPrimNodes, OnlyNodesWithoutAParentNodeGetTheRootCorrection)
 {
-    ScratchFolder scratch;
     // Y-up in centimetres: the root correction scales by 0.01.
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 (
     upAxis = "Y"
 )
@@ -79,8 +77,7 @@ def Scope "Group" {
 
 TEST(ReadPrimNodes, AScopeMakesNoNodeAndLendsItsPathToItsParentsNode)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "A" {
     def Scope "S" {
         double3 xformOp:translate = (9, 9, 9)
@@ -101,8 +98,7 @@ def Scope "Geo" { def Xform "Arm" {} }
 
 TEST(ReadPrimNodes, ASkeletonRootMakesAJointAndItsSkeletonNothing)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def SkelRoot "Character" {
     def Skeleton "Skeleton" {}
 }
@@ -113,8 +109,7 @@ def SkelRoot "Character" {
 
 TEST(ReadPrimNodes, OtherPrimTypesMakeNoNodes)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "World" {
     def Cube "Cube" {}
     def Sphere "Ball" {}
@@ -129,8 +124,7 @@ def Xform "World" {
 
 TEST(ReadPrimNodes, NamesAreKeptAsTheyAreEvenWhenRepeated)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "Left" { def Xform "Hand" {} }
 def Xform "Right" { def Xform "Hand" {} }
 )"));
@@ -139,8 +133,7 @@ def Xform "Right" { def Xform "Hand" {} }
 
 TEST(ReadPrimNodes, ATransformAuthoredOnlyAsTimeSamplesTakesItsPoseAtTimeZero)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "Moving" {
     double3 xformOp:translate.timeSamples = { -10: (0, 0, 0), 10: (20, 0, 0) }
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -151,8 +144,7 @@ def Xform "Moving" {
 
 TEST(ReadPrimNodes, ATransformWithoutOpsHasTheIdentity)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene("def Xform \"Still\" {}\n"));
+    const ImportResult result = ImportText(ZUpScene("def Xform \"Still\" {}\n"));
     EXPECT_EQ(NodeNamed(result.json, "Still").at("localMatrix"),
               CTavrinJson::parse("[1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0,1]"));
 }

@@ -41,8 +41,7 @@ double LocalM(const CTavrinJson& node, int row, int column)
 
 TEST(ReadUSDFileProgress, FourPrimsReportAQuarterOf96EachAfterTheStart)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, fourXforms);
+    const ImportResult result = ImportText(fourXforms);
     ASSERT_NE(result.document, nullptr);
     // int(k / 4 * 96 + 2) for k = 1..4
     EXPECT_THAT(result.progress,
@@ -53,8 +52,7 @@ TEST(ReadUSDFileProgress, FourPrimsReportAQuarterOf96EachAfterTheStart)
 
 TEST(ReadUSDFileProgress, ThreePrimsTruncateTowardZero)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, "#usda 1.0\ndef Xform \"A\" {}\ndef Xform \"B\" {}\ndef \"C\" {}\n");
+    const ImportResult result = ImportText("#usda 1.0\ndef Xform \"A\" {}\ndef Xform \"B\" {}\ndef \"C\" {}\n");
     // 1/3 * 96 + 2 = 34, 2/3 * 96 + 2 = 66, 98
     EXPECT_THAT(result.progress,
                 ElementsAre(Pair("Initilizing", 1), Pair("Reading Geometries", 34), Pair("Reading Geometries", 66),
@@ -63,8 +61,7 @@ TEST(ReadUSDFileProgress, ThreePrimsTruncateTowardZero)
 
 TEST(ReadUSDFileProgress, AnEmptyStageGivesAnEmptyDocument)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, "#usda 1.0\n");
+    const ImportResult result = ImportText("#usda 1.0\n");
     ASSERT_NE(result.document, nullptr);
     EXPECT_TRUE(result.json.at("nodes").empty());
     EXPECT_THAT(result.progress, ElementsAre(Pair("Initilizing", 1), Pair("Finalizing", 99), Pair("Done", 100)));
@@ -140,11 +137,10 @@ TEST(ReadUSDFileTemporaryCopy, ATextLayerWithANonAsciiNameDoesNotMatchTheCopysPa
 
 TEST(ReadUSDFileTemporaryCopy, AnAsciiPathMakesNoCopy)
 {
-    ScratchFolder scratch;
     const std::string copyText = "left alone";
     std::filesystem::create_directories(TemporaryCopy().parent_path());
     std::ofstream(TemporaryCopy(), std::ios::binary) << copyText;
-    const ImportResult result = ImportText(scratch, fourXforms);
+    const ImportResult result = ImportText(fourXforms);
     ASSERT_NE(result.document, nullptr);
     EXPECT_TRUE(std::filesystem::exists(TemporaryCopy()));
     std::filesystem::remove(TemporaryCopy());
@@ -200,15 +196,13 @@ TEST(ReadUSDFileState, TheTextureFolderEndsWithOneSeparatorAndTheUnpackFolderIsN
 
 TEST(ReadUSDFileRootCorrection, AZUpStageInMetresIsLeftAsIs)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, fourXforms);
+    const ImportResult result = ImportText(fourXforms);
     EXPECT_TRUE(result.handler->rootMatrix.IsIdentity());
 }
 
 TEST(ReadUSDFileRootCorrection, AYUpStageInCentimetresTurnsAQuarterAboutXAndScales)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 (
     upAxis = "Y"
     metersPerUnit = 0.01
@@ -234,8 +228,7 @@ def Xform "World" { double3 xformOp:translate = (1, 2, 3)
 
 TEST(ReadUSDFileRootCorrection, WithoutMetadataTheFallbacksAreYUpAndCentimetres)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, "#usda 1.0\ndef Xform \"A\" {}\n");
+    const ImportResult result = ImportText("#usda 1.0\ndef Xform \"A\" {}\n");
     const CTavrinMatrix& root = result.handler->rootMatrix;
     EXPECT_DOUBLE_EQ(root.M(0, 0), 0.01);
     EXPECT_NEAR(root.M(2, 1), 0.01, 1e-15);
@@ -244,15 +237,13 @@ TEST(ReadUSDFileRootCorrection, WithoutMetadataTheFallbacksAreYUpAndCentimetres)
 
 TEST(ReadUSDFileRootCorrection, AZUpStageInMillimetresOnlyScales)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, "#usda 1.0\n(\n upAxis = \"Z\"\n metersPerUnit = 0.001\n)\n");
+    const ImportResult result = ImportText("#usda 1.0\n(\n upAxis = \"Z\"\n metersPerUnit = 0.001\n)\n");
     EXPECT_EQ(result.handler->rootMatrix, CTavrinMatrix::CreateScalling(0.001, 0.001, 0.001));
 }
 
 TEST(ReadUSDFileWalk, InactiveAndAbstractPrimsAreNeitherCountedNorConverted)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 def Xform "Kept" {}
 def Xform "Off" (active = false) { def Xform "UnderOff" {} }
 class Xform "Template" { def Xform "UnderTemplate" {} }
@@ -263,8 +254,7 @@ class Xform "Template" { def Xform "UnderTemplate" {} }
 
 TEST(ReadUSDFileWalk, AnInstanceIsVisitedButNotEntered)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, R"(#usda 1.0
+    const ImportResult result = ImportText(R"(#usda 1.0
 class Xform "Template" { def Xform "Inner" {} }
 def Xform "Instance" (instanceable = true
     prepend references = </Template>) {}

@@ -64,8 +64,7 @@ using RigEntry = std::tuple<int, std::string, double>;
 
 TEST(ReadSkeleton, JointsAreNamedByTheirLastElementAndParentedAlongTheTopology)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def SkelRoot "Rig" {
     def Skeleton "Skel" {
         uniform token[] joints = ["Hips", "Hips/Spine", "Hips/Spine/Chest", "", ""]
@@ -127,8 +126,7 @@ TEST(ReadSkeleton, ASecondSkeletonWhoseFirstJointIsKnownIsNotConverted)
 
 TEST(ReadSkeleton, TwoTargetsAreConvertedInOrderAndTheLastOneServesTheWeights)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene("def SkelRoot \"Rig\" {\n" +
+    const ImportResult result = ImportText(ZUpScene("def SkelRoot \"Rig\" {\n" +
                                                           Skeleton("First", {"Hips", "Hips/Arm"}) +
                                                           Skeleton("Second", {"Pelvis"}) + R"(
     def Mesh "Body" {
@@ -148,8 +146,7 @@ TEST(ReadSkeleton, TwoTargetsAreConvertedInOrderAndTheLastOneServesTheWeights)
 
 TEST(ReadSkeleton, ASkeletonWithoutAMatrixForEveryJointMakesNoJoints)
 {
-    ScratchFolder scratch;
-    const ImportResult result = ImportText(scratch, ZUpScene(R"(
+    const ImportResult result = ImportText(ZUpScene(R"(
 def SkelRoot "Rig" {
     def Skeleton "Skel" {
         uniform token[] joints = ["Hips", "Hips/Spine"]
@@ -193,9 +190,8 @@ TEST(ReadSkinWeights, AMeshWithoutWeightsHasNoRigTableAndKeepsItsTransform)
 
 TEST(ReadSkinWeights, TheBindTransformReplacesTheMeshTransformWithoutRootCorrection)
 {
-    ScratchFolder scratch;
     // Y-up in centimetres: a root node would be turned and scaled.
-    const ImportResult result = ImportText(scratch, "#usda 1.0\n(\n    upAxis = \"Y\"\n)\n" + Skeleton("Skel", {"A"}) +
+    const ImportResult result = ImportText("#usda 1.0\n(\n    upAxis = \"Y\"\n)\n" + Skeleton("Skel", {"A"}) +
                                                         SkinnedMesh("Body", "/Skel", R"(
         double3 xformOp:translate = (5, 0, 0)
         uniform token[] xformOpOrder = ["xformOp:translate"]
