@@ -263,8 +263,7 @@ def Xform "B" {
 // spent, nothing more is added.
 TEST(ReadTransformAnimation, KeyFramesStopAtTheImportsBudget)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, MovingBox("0: (0, 0, 0), 1e12: (1, 0, 0)"));
+    const auto scene = OpenScene(MovingBox("0: (0, 0, 0), 1e12: (1, 0, 0)"));
     const UsdGeomXformable box(scene->handler.stage->GetPrimAtPath(SdfPath("/Box")));
     std::vector<CTavrinTransformNode*> nodes;
     for (int i = 0; i < 2; ++i) {

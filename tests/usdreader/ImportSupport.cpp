@@ -88,6 +88,11 @@ std::unique_ptr<OpenedScene> OpenScene(const ScratchFolder& scratch, const std::
     return scene;
 }
 
+std::unique_ptr<OpenedScene> OpenScene(const std::string& usda)
+{
+    return OpenScene(ScratchFolder(), usda);
+}
+
 std::string ZUpScene(const std::string& body)
 {
     return "#usda 1.0\n(\n    upAxis = \"Z\"\n    metersPerUnit = 1\n)\n" + body;

@@ -62,6 +62,7 @@ struct OpenedScene {
     std::unique_ptr<Tavrin::CTavrinDocument> document;
 };
 std::unique_ptr<OpenedScene> OpenScene(const ScratchFolder& scratch, const std::string& usda);
+std::unique_ptr<OpenedScene> OpenScene(const std::string& usda);
 
 // usda text of a Z-up stage in metres, whose root correction is the
 // identity, so that root nodes show their own matrices.

@@ -44,8 +44,7 @@ def Mesh "PurposeOnly" { rel material:binding:preview = </Red> }
 
 TEST(ReadMaterialBinding, APrimWithoutTargetsFindsNothingAndKeepsTheName)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, twoMaterials);
+    const auto scene = OpenScene(twoMaterials);
     for (const char* path : {"/Unbound", "/Empty", "/Dangling", "/Parent/Child", "/PurposeOnly"}) {
         const BindingResult binding = ReadBinding(scene->handler, path);
         EXPECT_FALSE(binding.found) << path;
@@ -56,8 +55,7 @@ TEST(ReadMaterialBinding, APrimWithoutTargetsFindsNothingAndKeepsTheName)
 
 TEST(ReadMaterialBinding, TargetsThatAreNotMaterialsAreSkipped)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, twoMaterials);
+    const auto scene = OpenScene(twoMaterials);
     const BindingResult binding = ReadBinding(scene->handler, "/SkipsNonMaterial");
     EXPECT_TRUE(binding.found);
     EXPECT_EQ(binding.name, CTavrinString("Blue"));
@@ -66,8 +64,7 @@ TEST(ReadMaterialBinding, TargetsThatAreNotMaterialsAreSkipped)
 
 TEST(ReadMaterialBinding, EveryMaterialTargetIsConvertedInOrderAndTheLastNamesIt)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, twoMaterials);
+    const auto scene = OpenScene(twoMaterials);
     const BindingResult binding = ReadBinding(scene->handler, "/Both");
     EXPECT_TRUE(binding.found);
     EXPECT_EQ(binding.name, CTavrinString("Blue"));
@@ -76,8 +73,7 @@ TEST(ReadMaterialBinding, EveryMaterialTargetIsConvertedInOrderAndTheLastNamesIt
 
 TEST(ReadMaterialBinding, ABindingOnTheParentBindsOnlyTheParent)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, twoMaterials);
+    const auto scene = OpenScene(twoMaterials);
     const BindingResult binding = ReadBinding(scene->handler, "/Parent");
     EXPECT_TRUE(binding.found);
     EXPECT_EQ(binding.name, CTavrinString("Red"));

@@ -47,8 +47,7 @@ const ValueRow valueRows[] = {
 TEST(ReadPreviewSurfaceValues, EachRecognisedInputSetsExactlyItsHostValue)
 {
     for (const ValueRow& row : valueRows) {
-        ScratchFolder scratch;
-        const auto scene = OpenScene(scratch, PaintScene(row.inputLine));
+        const auto scene = OpenScene(PaintScene(row.inputLine));
         const BindingResult binding = ReadBinding(scene->handler, "/Box");
         EXPECT_TRUE(binding.found) << row.inputLine;
         EXPECT_EQ(AssignedValues(*binding.material), (Values{{row.setter, row.expected}})) << row.inputLine;
@@ -58,8 +57,7 @@ TEST(ReadPreviewSurfaceValues, EachRecognisedInputSetsExactlyItsHostValue)
 
 TEST(ReadPreviewSurfaceValues, InputsWithoutADefaultValueOrOfAnotherTypeSetNothing)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene(R"(
+    const auto scene = OpenScene(PaintScene(R"(
         normal3f inputs:normal = (0, 0, 1)
         float inputs:roughness.timeSamples = { 0: 0.2, 10: 0.8 }
         float inputs:metallic.connect = </Paint/Missing.outputs:r>
@@ -77,8 +75,7 @@ TEST(ReadPreviewSurfaceValues, InputsWithoutADefaultValueOrOfAnotherTypeSetNothi
 
 TEST(ReadPreviewSurfaceValues, RoughnessListedAfterClearcoatRoughnessWins)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene(R"(
+    const auto scene = OpenScene(PaintScene(R"(
         float inputs:roughness = 0.4
         float inputs:clearcoatRoughness = 0.15
 )"));
@@ -88,8 +85,7 @@ TEST(ReadPreviewSurfaceValues, RoughnessListedAfterClearcoatRoughnessWins)
 
 TEST(ReadPreviewSurfaceValues, TwoSurfaceShadersAreReadInConnectionOrder)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, R"(#usda 1.0
+    const auto scene = OpenScene(R"(#usda 1.0
 def Material "Paint" {
     token outputs:surface.connect = [</Paint/First.outputs:surface>, </Paint/Graph.outputs:surface>, </Paint/Second.outputs:surface>]
     def Shader "First" {
@@ -112,8 +108,7 @@ def Mesh "Box" { rel material:binding = </Paint> }
 
 TEST(ReadPreviewSurfaceValues, AMaterialWithoutAConnectedSurfaceChangesNothing)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, R"(#usda 1.0
+    const auto scene = OpenScene(R"(#usda 1.0
 def Material "Bare" {
     def Shader "Surface" { color3f inputs:diffuseColor = (1, 0, 0) }
 }
@@ -178,8 +173,7 @@ TEST(ReadPreviewSurfaceTextures, EachConnectedInputFillsItsSlotWithTheCopiedFile
 
 TEST(ReadPreviewSurfaceTextures, AConnectedInputWithAValueGetsBoth)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene(R"(
+    const auto scene = OpenScene(PaintScene(R"(
         color3f inputs:diffuseColor = (0.5, 0.25, 1)
         color3f inputs:diffuseColor.connect = </Paint/Image.outputs:rgb>
 )", R"(
@@ -194,8 +188,7 @@ TEST(ReadPreviewSurfaceTextures, AConnectedInputWithAValueGetsBoth)
 
 TEST(ReadPreviewSurfaceTextures, AReaderWithoutAFileGivesNoTexture)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene(R"(
+    const auto scene = OpenScene(PaintScene(R"(
         color3f inputs:diffuseColor.connect = </Paint/Reader.outputs:result>
 )", R"(
     def Shader "Reader" { token inputs:varname = "st"
@@ -219,8 +212,7 @@ const char* const primvarReader = R"(
 
 TEST(ReadPreviewSurfacePrimvarName, ATexturesPrimvarReaderNamesTheUVPrimvarEvenOnAnUnknownInput)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene(R"(
+    const auto scene = OpenScene(PaintScene(R"(
         color3f inputs:somethingElse.connect = </Paint/Image.outputs:rgb>
 )", primvarReader));
     ReadBinding(scene->handler, "/Box");
@@ -229,15 +221,14 @@ TEST(ReadPreviewSurfacePrimvarName, ATexturesPrimvarReaderNamesTheUVPrimvarEvenO
 
 TEST(ReadPreviewSurfacePrimvarName, TheMaterialsFrameInputComesAfterTheTextures)
 {
-    ScratchFolder scratch;
     const std::string frameInput = "    token inputs:frame:stPrimvarName = \"st1\"\n";
     {
-        const auto scene = OpenScene(scratch, PaintScene("", frameInput));
+        const auto scene = OpenScene(PaintScene("", frameInput));
         ReadBinding(scene->handler, "/Box");
         EXPECT_EQ(scene->handler.stPrimvarName, TfToken("st1"));
     }
     {
-        const auto scene = OpenScene(scratch, PaintScene(R"(
+        const auto scene = OpenScene(PaintScene(R"(
         color3f inputs:diffuseColor.connect = </Paint/Image.outputs:rgb>
 )", frameInput + primvarReader));
         ReadBinding(scene->handler, "/Box");
@@ -245,7 +236,7 @@ TEST(ReadPreviewSurfacePrimvarName, TheMaterialsFrameInputComesAfterTheTextures)
     }
     {
         // A name already set for this mesh stays.
-        const auto scene = OpenScene(scratch, PaintScene("", frameInput));
+        const auto scene = OpenScene(PaintScene("", frameInput));
         scene->handler.stPrimvarName = TfToken("earlier");
         ReadBinding(scene->handler, "/Box");
         EXPECT_EQ(scene->handler.stPrimvarName, TfToken("earlier"));
@@ -254,8 +245,7 @@ TEST(ReadPreviewSurfacePrimvarName, TheMaterialsFrameInputComesAfterTheTextures)
 
 TEST(ReadPreviewSurfacePrimvarName, AFrameInputOfAnotherTypeIsIgnored)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, PaintScene("", "    string inputs:frame:stPrimvarName = \"st1\"\n"));
+    const auto scene = OpenScene(PaintScene("", "    string inputs:frame:stPrimvarName = \"st1\"\n"));
     ReadBinding(scene->handler, "/Box");
     EXPECT_TRUE(scene->handler.stPrimvarName.IsEmpty());
 }

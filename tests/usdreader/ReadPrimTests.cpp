@@ -151,8 +151,7 @@ TEST(ReadPrimNodes, ATransformWithoutOpsHasTheIdentity)
 
 TEST(ReadPrimJointNames, APrimNamedLikeAConvertedJointIsPassedOver)
 {
-    ScratchFolder scratch;
-    const auto scene = OpenScene(scratch, ZUpScene(R"(
+    const auto scene = OpenScene(ZUpScene(R"(
 def Xform "Hip" { def Xform "Leg" {} }
 def Xform "Other" {}
 )"));
