@@ -257,7 +257,8 @@ protected:
     }
 
     AnimationTestEntities entities;
-    CTavrinID target = entities.NewEntity();
+    CTavrinMaterial* material = CTavrinMaterial::Create(entities.Document());
+    CTavrinID target = material->ID();
     CTavrinID firstOrigin = entities.NewEntity();
     CTavrinID secondOrigin = entities.NewEntity();
     CTavrinKeyFrameManager manager;
@@ -285,21 +286,10 @@ TEST_F(MaterialBlend, AnotherMaterialTakesTheSecondOrigin) {
     EXPECT_EQ(between->OriginalEntityID(), secondOrigin);
 }
 
-TEST(MaterialKeyFrame, ApplyFromManagerAppliesTheBlendAtTheWorkingFrame) {
-    AnimationTestEntities entities;
-    CTavrinMaterial* material = CTavrinMaterial::Create(entities.Document());
-    CTavrinBasicGeneralMaterial* clear = Brick();
-    clear->SetAlpha(0.0, true);
-    CTavrinBasicGeneralMaterial* opaque = Brick();
-    opaque->SetAlpha(1.0, true);
-    CTavrinKeyFrameDataPtr first(new CTavrinKeyFrameDataMaterial(material->ID(), clear));
-    CTavrinKeyFrameDataPtr second(new CTavrinKeyFrameDataMaterial(material->ID(), opaque));
-    second->SetAllFrames(10);
-    CTavrinKeyFrameManager manager;
-    manager.AddKeyFrameData(first, true);
-    manager.AddKeyFrameData(second, true);
+TEST_F(MaterialBlend, ApplyFromManagerAppliesTheBlendAtTheWorkingFrame) {
+    AddPair("Brick");
     // A snapshot standing at frame 5 of the track.
-    CTavrinKeyFrameDataPtr probe(first->CreateCopy(false));
+    CTavrinKeyFrameDataPtr probe(manager.FindTrack(target)->at(0)->CreateCopy(false));
     probe->SetAllFrames(5);
     probe->ApplyFromManager(&manager);
     ASSERT_NE(material->BasicMaterial(), nullptr);
