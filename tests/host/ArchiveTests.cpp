@@ -162,16 +162,6 @@ TEST(Archive, ArchivablePointerRecordsPresence)
     EXPECT_EQ(*made, CTavrin3DVertex(1, 2, 3));
 }
 
-TEST(Archive, DocumentQueryAndReadingFlag)
-{
-    EXPECT_TRUE(CTavrinBinaryArchiveWriter().IsDocumentArchive());
-    EXPECT_FALSE(CTavrinBinaryArchiveWriter(11012, false).IsDocumentArchive());
-    CTavrinID::SetReadingTavFile(true);
-    EXPECT_TRUE(CTavrinID::IsReadingTavFile());
-    CTavrinID::SetReadingTavFile(false);
-    EXPECT_FALSE(CTavrinID::IsReadingTavFile());
-}
-
 TEST(Archive, EveryTruncationOfARecordFailsCleanly)
 {
     Record written;
