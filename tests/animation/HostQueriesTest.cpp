@@ -123,9 +123,6 @@ TEST_F(HostQueries, MaterialUsersAndReplacement) {
     ASSERT_NE(wood->BasicMaterial(), nullptr);
     EXPECT_NE(wood->BasicMaterial(), &source);
     EXPECT_EQ(wood->BasicMaterial()->Values().Value(enumMaterialValue::Alpha)[0], 0.25);
-    EXPECT_FALSE(wood->IsHidden());
-    wood->MarkAsHidden(true);
-    EXPECT_TRUE(wood->IsHidden());
 }
 
 TEST_F(HostQueries, GeometriesUsingAVectorTable) {

@@ -93,9 +93,7 @@ TEST(ModelFactories, VerticesKeyFramesTakeTheirTablesFromTheInstalledCreator) {
     written->AddTable(new CTavrinBasic3DVectorsTable());
     TestWriter writer(NewestArchiveVersion);
     ASSERT_TRUE(written->ArchiveReadWrite(writer.archive()));
-    FileVersionScope file(NewestArchiveVersion);
-    TestReader reader(writer.Bytes(), NewestArchiveVersion);
-    ASSERT_TRUE(made->ArchiveReadWrite(reader.archive()));
+    ASSERT_TRUE(ReadBack(writer, *made));
     EXPECT_EQ(creator.made, 3);
 }
 
