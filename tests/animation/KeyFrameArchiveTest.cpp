@@ -156,19 +156,6 @@ TEST_F(KeyFrameArchive, UnknownTypeCodeFailsTheRecord) {
     EXPECT_TRUE(read.Tracks().empty());
 }
 
-TEST_F(KeyFrameArchive, TruncatedRecordFails) {
-    AddTransform(manager, first, 2, 6, Translation(1, 2, 3));
-    TestWriter writer(NewestArchiveVersion);
-    ASSERT_TRUE(manager.ArchiveReadWrite(writer.archive()));
-    std::vector<unsigned char> bytes = writer.Bytes();
-    FileVersionScope file(NewestArchiveVersion);
-    for (size_t length = 0; length < bytes.size(); ++length) {
-        TestReader reader(std::vector<unsigned char>(bytes.begin(), bytes.begin() + length), NewestArchiveVersion);
-        CTavrinKeyFrameManager read;
-        EXPECT_FALSE(read.ArchiveReadWrite(reader.archive())) << "cut at " << length;
-    }
-}
-
 // The oldest layout: no savable flags, a legacy value instead of the ease
 // modes, no serial numbers, no pivot, no serial counters.
 TEST_F(KeyFrameArchive, Version10002) {
