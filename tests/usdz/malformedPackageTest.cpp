@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
 
 PXR_NAMESPACE_USING_DIRECTIVE
 using usdztest::ZipBuilder;
@@ -69,15 +70,6 @@ TEST(MalformedUsdz, NotAZip)
     EXPECT_TRUE(capture.Contains("Invalid usdz package 'bad.usdz': not a zip archive"));
 }
 
-TEST(MalformedUsdz, EntryCountLargerThanTheDirectoryCanHold)
-{
-    std::string zip = TwoFiles();
-    Put16(&zip, EndRecord(zip) + 10, 60000);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("cannot hold 60000 entries"));
-}
-
 TEST(MalformedUsdz, EntryCountSmallerThanListedIsHonoured)
 {
     // Only the first directory record is read; b.png is then unknown.
@@ -88,64 +80,47 @@ TEST(MalformedUsdz, EntryCountSmallerThanListedIsHonoured)
     EXPECT_EQ(package->GetEntries().size(), 1u);
 }
 
-TEST(MalformedUsdz, DirectoryOutsideTheFile)
+TEST(MalformedUsdz, DamagedRecordsAreRefusedSayingWhy)
 {
-    std::string zip = TwoFiles();
-    Put32(&zip, EndRecord(zip) + 16, 0xfffffff0);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("lies outside the"));
-}
-
-TEST(MalformedUsdz, LocalHeaderOffsetOutsideTheFile)
-{
-    std::string zip = TwoFiles();
-    Put32(&zip, DirectoryOffset(zip) + 42, uint32_t(zip.size() - 10));
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("'a.usda' has no local header"));
-}
-
-TEST(MalformedUsdz, EntrySizeRunsPastTheEnd)
-{
-    std::string zip = TwoFiles();
-    // Compressed and uncompressed size of a.usda in its directory record.
-    Put32(&zip, DirectoryOffset(zip) + 20, 0x7fffffff);
-    Put32(&zip, DirectoryOffset(zip) + 24, 0x7fffffff);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("'a.usda' (2147483647 bytes at 64) runs past the end"));
-}
-
-TEST(MalformedUsdz, NameLongerThanTheDirectory)
-{
-    std::string zip = TwoFiles();
-    Put16(&zip, DirectoryOffset(zip) + 28, 0xffff);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("entry 0 runs past the directory"));
-}
-
-TEST(MalformedUsdz, Zip64LocatorPointingNowhere)
-{
-    std::string zip = TwoFiles(true);
-    // The locator sits just before the end record; its record offset at +8.
-    const size_t locator = EndRecord(zip) - 20;
-    Put32(&zip, locator + 8, 0xfffffff0);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("corrupt zip64"));
-}
-
-TEST(MalformedUsdz, Zip64ExtraFieldMissingAValue)
-{
-    std::string zip = TwoFiles(true);
-    // Shrink the first record's zip64 extra field from 24 to 16 bytes: the
-    // local header offset it must carry is then missing.
-    Put16(&zip, Zip64DirectoryOffset(zip) + 46 + 6 + 2, 16);
-    TfDiagnosticCapture capture;
-    EXPECT_FALSE(Opens(zip));
-    EXPECT_TRUE(capture.Contains("malformed zip64 extra field"));
+    const struct {
+        const char* name;
+        bool zip64;
+        std::function<void(std::string*)> damage;
+        const char* expected;
+    } cases[] = {
+        {"entry count larger than the directory can hold", false,
+         [](std::string* zip) { Put16(zip, EndRecord(*zip) + 10, 60000); }, "cannot hold 60000 entries"},
+        {"directory outside the file", false, [](std::string* zip) { Put32(zip, EndRecord(*zip) + 16, 0xfffffff0); },
+         "lies outside the"},
+        {"local header offset outside the file", false,
+         [](std::string* zip) { Put32(zip, DirectoryOffset(*zip) + 42, uint32_t(zip->size() - 10)); },
+         "'a.usda' has no local header"},
+        // Compressed and uncompressed size of a.usda in its directory record.
+        {"entry size runs past the end", false,
+         [](std::string* zip) {
+             Put32(zip, DirectoryOffset(*zip) + 20, 0x7fffffff);
+             Put32(zip, DirectoryOffset(*zip) + 24, 0x7fffffff);
+         },
+         "'a.usda' (2147483647 bytes at 64) runs past the end"},
+        {"name longer than the directory", false, [](std::string* zip) { Put16(zip, DirectoryOffset(*zip) + 28, 0xffff); },
+         "entry 0 runs past the directory"},
+        // The locator sits just before the end record; its record offset at +8.
+        {"zip64 locator pointing nowhere", true,
+         [](std::string* zip) { Put32(zip, EndRecord(*zip) - 20 + 8, 0xfffffff0); }, "corrupt zip64"},
+        // The first record's zip64 extra field shrunk from 24 to 16 bytes: the
+        // local header offset it must carry is then missing.
+        {"zip64 extra field missing a value", true,
+         [](std::string* zip) { Put16(zip, Zip64DirectoryOffset(*zip) + 46 + 6 + 2, 16); },
+         "malformed zip64 extra field"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string zip = TwoFiles(c.zip64);
+        c.damage(&zip);
+        TfDiagnosticCapture capture;
+        EXPECT_FALSE(Opens(zip));
+        EXPECT_TRUE(capture.Contains(c.expected));
+    }
 }
 
 TEST(MalformedUsdz, EveryTruncationFailsCleanly)
