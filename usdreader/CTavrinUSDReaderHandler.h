@@ -66,8 +66,11 @@ public:
     // Key frames this import may still add. A file whose last sample lies
     // billions of frames away, or a crate file whose millions of samples
     // share one stored array, would otherwise make key frames until memory
-    // runs out. About four million, a long animation of a large rig.
-    std::int64_t keyFrameBudget = std::int64_t{1} << 22;
+    // runs out. About a million: a rig of a hundred joints over ten thousand
+    // frames, and about half a kilobyte each in the model (twice that while
+    // written as JSON), so a hostile file of a few bytes stays near a
+    // gigabyte.
+    std::int64_t keyFrameBudget = std::int64_t{1} << 20;
 
     // The driver: the document made from the file at path, textures copied
     // into folder; null when the file could not be read.
