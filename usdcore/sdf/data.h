@@ -52,7 +52,7 @@ public:
     void CreateSpec(const SdfPath& path, SdfSpecType specType);
     /// The same, then sets every field of \p fields as Set would one after
     /// another. Readers that gather a spec's fields first spare a lookup per
-    /// field and the growing of the spec's field list.
+    /// field and the regrowing of its field list.
     void CreateSpec(const SdfPath& path, SdfSpecType specType, FieldVector&& fields);
     bool HasSpec(const SdfPath& path) const;
     void EraseSpec(const SdfPath& path);
@@ -116,7 +116,7 @@ private:
 
     const Spec* _Find(const SdfPath& path) const;
     Spec* _Find(const SdfPath& path);
-    /// The spec at \p path, made if missing, with \p specType; null (and a
+    /// The entry at \p path, made if missing, with \p specType; null (and a
     /// coding error) for an empty path or an unknown type.
     Spec* _CreateSpec(const SdfPath& path, SdfSpecType specType);
     const SdfTimeSampleMap* _TimeSamples(const SdfPath& path) const;

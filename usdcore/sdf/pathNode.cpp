@@ -149,45 +149,25 @@ const Sdf_PathNode* Sdf_RelativeRootNode()
 
 namespace {
 
-void FillKey(Sdf_PathNode* key, const Sdf_PathNode* parent, Sdf_PathNodeType type, const TfToken& name,
-             const TfToken& variant, const Sdf_PathNode* target)
-{
-    key->parent = parent;
-    key->type = type;
-    key->name = name;
-    key->variant = variant;
-    key->target = target;
-    key->hash = NodeKeyHash(parent, type, name, variant, target);
-}
-
-Shard& ShardOf(const Sdf_PathNode& key)
-{
-    return Table().shards[(key.hash >> 58) % kShardCount];
-}
-
-} // namespace
-
-const Sdf_PathNode* Sdf_FindPathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
-                                     const TfToken& name, const TfToken& variant,
-                                     const Sdf_PathNode* target)
+// The node for the key, made when missing if \p create, else null.
+const Sdf_PathNode* Lookup(const Sdf_PathNode* parent, Sdf_PathNodeType type, const TfToken& name,
+                           const TfToken& variant, const Sdf_PathNode* target, bool create)
 {
     Sdf_PathNode key;
-    FillKey(&key, parent, type, name, variant, target);
-    Shard& shard = ShardOf(key);
-    std::lock_guard<std::mutex> lock(shard.mutex);
-    return shard.index.Find(key);
-}
+    key.parent = parent;
+    key.type = type;
+    key.name = name;
+    key.variant = variant;
+    key.target = target;
+    key.hash = NodeKeyHash(parent, type, name, variant, target);
 
-const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
-                                             const TfToken& name, const TfToken& variant,
-                                             const Sdf_PathNode* target)
-{
-    Sdf_PathNode key;
-    FillKey(&key, parent, type, name, variant, target);
-    Shard& shard = ShardOf(key);
+    Shard& shard = Table().shards[(key.hash >> 58) % kShardCount];
     std::lock_guard<std::mutex> lock(shard.mutex);
     if (const Sdf_PathNode* found = shard.index.Find(key)) {
         return found;
+    }
+    if (!create) {
+        return nullptr;
     }
     Sdf_PathNode& node = shard.nodes.emplace_back();
     node.parent = parent;
@@ -203,6 +183,22 @@ const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_Pat
     node.containsTarget = parent->containsTarget || target != nullptr;
     shard.index.Insert(&node);
     return &node;
+}
+
+} // namespace
+
+const Sdf_PathNode* Sdf_FindPathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
+                                     const TfToken& name, const TfToken& variant,
+                                     const Sdf_PathNode* target)
+{
+    return Lookup(parent, type, name, variant, target, false);
+}
+
+const Sdf_PathNode* Sdf_FindOrCreatePathNode(const Sdf_PathNode* parent, Sdf_PathNodeType type,
+                                             const TfToken& name, const TfToken& variant,
+                                             const Sdf_PathNode* target)
+{
+    return Lookup(parent, type, name, variant, target, true);
 }
 
 std::string Sdf_PathNodeElementString(const Sdf_PathNode* node)
