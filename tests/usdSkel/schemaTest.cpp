@@ -216,6 +216,50 @@ TEST_F(SkelSchemas, InheritedSkeletonComesFromTheNearestBindingAncestor)
               SdfPath("/Character/Anim"));
 }
 
+TEST(SkelBindingInheritance, OnlyAppliedBindingsCountAndAnEmptyOneBlocks)
+{
+    const UsdStageRefPtr stage = StageFromText(R"(
+def Xform "Root" (
+    prepend apiSchemas = ["SkelBindingAPI"]
+)
+{
+    rel skel:skeleton = </Root/Skel>
+    rel skel:animationSource = </Root/Anim>
+    def Skeleton "Skel" {}
+    def Skeleton "Other" {}
+    def SkelAnimation "Anim" {}
+    def Xform "Plain"
+    {
+        rel skel:skeleton = </Root/Other>
+        def Mesh "Below" {}
+    }
+    def Xform "Blocked" (
+        prepend apiSchemas = ["SkelBindingAPI"]
+    )
+    {
+        rel skel:skeleton = None
+        rel skel:animationSource = </Root/Skel>
+        def Mesh "Below" {}
+    }
+}
+)");
+    ASSERT_TRUE(stage);
+    const auto binding = [&stage](const char* path) { return UsdSkelBindingAPI(stage->GetPrimAtPath(SdfPath(path))); };
+    // Without SkelBindingAPI applied, Plain's own binding is passed over.
+    EXPECT_EQ(binding("/Root/Plain/Below").GetInheritedSkeleton().GetPath(), SdfPath("/Root/Skel"));
+    EXPECT_EQ(binding("/Root/Plain/Below").GetInheritedAnimationSource().GetPath(), SdfPath("/Root/Anim"));
+    // An empty binding is a binding to nothing, and a target that is not an
+    // animation binds no animation; neither lets the search go further up.
+    UsdSkelSkeleton skeleton;
+    EXPECT_TRUE(binding("/Root/Blocked").GetSkeleton(&skeleton));
+    EXPECT_FALSE(skeleton);
+    EXPECT_FALSE(binding("/Root/Blocked/Below").GetInheritedSkeleton());
+    UsdPrim animation;
+    EXPECT_TRUE(binding("/Root/Blocked").GetAnimationSource(&animation));
+    EXPECT_FALSE(animation);
+    EXPECT_FALSE(binding("/Root/Blocked/Below").GetInheritedAnimationSource());
+}
+
 TEST_F(SkelSchemas, InfluenceAttributesOfAMesh)
 {
     const UsdSkelBindingAPI binding(Prim("/Character/Group/Body"));

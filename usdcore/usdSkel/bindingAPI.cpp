@@ -2,20 +2,22 @@
 
 #include "usdcore/tf/diagnostic.h"
 #include "usdcore/usd/stage.h"
+#include "usdcore/usdSkel/animation.h"
 #include "usdcore/usdSkel/tokens.h"
 
 PXR_NAMESPACE_OPEN_SCOPE
 
 namespace {
 
-/// The prim at the first target of \p rel. True when the first target is a
-/// prim path, whether or not the stage has a prim there.
-bool FirstTargetPrim(const UsdRelationship& rel, UsdPrim* prim)
+/// Whether \p rel binds anything: it has targets, or it is authored empty,
+/// which blocks a binding inherited from above. \p prim is then the prim at
+/// the first target, invalid when the stage has none there.
+bool BoundTargetPrim(const UsdRelationship& rel, UsdPrim* prim)
 {
     *prim = UsdPrim();
     SdfPathVector targets;
-    if (!rel || !rel.GetTargets(&targets) || targets.empty() || !targets.front().IsPrimPath()) return false;
-    *prim = rel.GetStage()->GetPrimAtPath(targets.front());
+    if (!rel || !rel.GetTargets(&targets) || (targets.empty() && !rel.HasAuthoredTargets())) return false;
+    if (!targets.empty() && targets.front().IsPrimPath()) *prim = rel.GetStage()->GetPrimAtPath(targets.front());
     return true;
 }
 
@@ -68,9 +70,9 @@ bool UsdSkelBindingAPI::GetSkeleton(UsdSkelSkeleton* skel) const
         return false;
     }
     UsdPrim prim;
-    const bool targeted = FirstTargetPrim(GetSkeletonRel(), &prim);
+    const bool bound = BoundTargetPrim(GetSkeletonRel(), &prim);
     *skel = UsdSkelSkeleton(prim);
-    return targeted;
+    return bound;
 }
 
 bool UsdSkelBindingAPI::GetAnimationSource(UsdPrim* prim) const
@@ -79,14 +81,16 @@ bool UsdSkelBindingAPI::GetAnimationSource(UsdPrim* prim) const
         TF_CODING_ERROR("'prim' pointer is null.");
         return false;
     }
-    return FirstTargetPrim(GetAnimationSourceRel(), prim);
+    const bool bound = BoundTargetPrim(GetAnimationSourceRel(), prim);
+    if (*prim && !prim->IsA<UsdSkelAnimation>()) *prim = UsdPrim();
+    return bound;
 }
 
 UsdSkelSkeleton UsdSkelBindingAPI::GetInheritedSkeleton() const
 {
     UsdSkelSkeleton skel;
     for (UsdPrim p = GetPrim(); p && !p.IsPseudoRoot(); p = p.GetParent()) {
-        if (UsdSkelBindingAPI(p).GetSkeleton(&skel)) return skel;
+        if (p.HasAPI(UsdSkelTokens->SkelBindingAPI) && UsdSkelBindingAPI(p).GetSkeleton(&skel)) return skel;
     }
     return UsdSkelSkeleton();
 }
@@ -95,7 +99,8 @@ UsdPrim UsdSkelBindingAPI::GetInheritedAnimationSource() const
 {
     UsdPrim source;
     for (UsdPrim p = GetPrim(); p && !p.IsPseudoRoot(); p = p.GetParent()) {
-        if (UsdSkelBindingAPI(p).GetAnimationSource(&source)) return source;
+        if (p.HasAPI(UsdSkelTokens->SkelBindingAPI) && UsdSkelBindingAPI(p).GetAnimationSource(&source))
+            return source;
     }
     return UsdPrim();
 }

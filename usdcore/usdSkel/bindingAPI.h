@@ -52,16 +52,19 @@ public:
     UsdGeomPrimvar GetJointIndicesPrimvar() const { return UsdGeomPrimvar(GetJointIndicesAttr()); }
     UsdGeomPrimvar GetJointWeightsPrimvar() const { return UsdGeomPrimvar(GetJointWeightsAttr()); }
 
-    /// The Skeleton that skel:skeleton targets first. True when a prim path
-    /// is targeted (\p skel is then the view of whatever is there, which may
-    /// be invalid); false, with an invalid view, otherwise.
+    /// The Skeleton that skel:skeleton targets first. True when the
+    /// relationship has targets or is authored empty (\p skel is then the
+    /// view of whatever the first target names, which may be invalid);
+    /// false, with an invalid view, otherwise.
     bool GetSkeleton(UsdSkelSkeleton* skel) const;
-    /// The prim that skel:animationSource targets first, in the same way.
+    /// The SkelAnimation that skel:animationSource targets first, in the same
+    /// way; a target of another type gives an invalid prim.
     bool GetAnimationSource(UsdPrim* prim) const;
     /// The skeleton bound here or on the nearest ancestor that binds one.
+    /// Only prims with SkelBindingAPI applied take part, and an authored
+    /// empty binding ends the search with no skeleton.
     UsdSkelSkeleton GetInheritedSkeleton() const;
-    /// The animation source bound here or on the nearest ancestor that binds
-    /// one.
+    /// The animation source found the same way.
     UsdPrim GetInheritedAnimationSource() const;
 };
 
