@@ -5,6 +5,7 @@
 
 #include "TavrinAnimation/src/TavrinSequence.h"
 #include "TavrinAnimation/src/TavrinSequenceContainer.h"
+#include "usdreader/UsdApi.h"
 
 namespace Tavrin {
 
@@ -45,8 +46,13 @@ bool AddKeyFrame(CTavrinSequence& sequence, const CTavrinKeyFrameDataPtr& data, 
 {
     if (budget <= 0)
         return false;
-    --budget;
-    sequence.AddKeyFrameData(data, true);
+    // Only growth is charged: a key frame that displaces others at its frame
+    // (an animation converted again for another mesh, a baked frame over a
+    // sample) leaves the sequence no larger.
+    const auto displaced = static_cast<std::int64_t>(sequence.AddKeyFrameData(data, true).size());
+    budget -= 1 - displaced;
+    if (budget <= 0)
+        TF_WARN("The import's key frame budget is spent: later key frames of this file are dropped");
     return true;
 }
 

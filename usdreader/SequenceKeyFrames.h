@@ -24,8 +24,9 @@ CTavrinSequence& EnsureSequence(CTavrinSequence*& sequence);
 void StampFrame(CTavrinKeyFrameData& data, int frame);
 
 // Inserts data into the sequence, extending its range, while the import's
-// key frame budget lasts, and spends one from it; false, adding nothing,
-// once it is spent. The key frames data displaces are released.
+// key frame budget lasts, and charges the budget with the net growth of the
+// sequence; false, adding nothing, once it is spent. The key frames data
+// displaces are released.
 bool AddKeyFrame(CTavrinSequence& sequence, const CTavrinKeyFrameDataPtr& data, std::int64_t& budget);
 
 } // namespace Tavrin

@@ -42,6 +42,7 @@
 #include <pxr/usd/usdShade/shader.h>
 #include <pxr/usd/usdShade/tokens.h>
 #include <pxr/usd/usdSkel/animation.h>
+#include <pxr/usd/usdSkel/bindingAPI.h>
 #include <pxr/usd/usdSkel/root.h>
 #include <pxr/usd/usdSkel/skeleton.h>
 #include <pxr/usd/usdSkel/tokens.h>
@@ -83,6 +84,7 @@
 #include "usdcore/usdShade/shader.h"
 #include "usdcore/usdShade/tokens.h"
 #include "usdcore/usdSkel/animation.h"
+#include "usdcore/usdSkel/bindingAPI.h"
 #include "usdcore/usdSkel/root.h"
 #include "usdcore/usdSkel/skeleton.h"
 #include "usdcore/usdSkel/tokens.h"

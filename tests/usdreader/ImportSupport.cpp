@@ -52,10 +52,13 @@ std::string ScratchFolder::WritePackage(const std::string& name,
     return path;
 }
 
-ImportResult ImportFile(const std::string& path, const std::string& folder, bool withCallback)
+ImportResult ImportFile(const std::string& path, const std::string& folder, bool withCallback,
+                        const std::function<void(CTavrinUSDReaderHandler&)>& prepare)
 {
     ImportResult result;
     result.handler = std::make_unique<CTavrinUSDReaderHandler>();
+    if (prepare)
+        prepare(*result.handler);
     if (withCallback) {
         ProgressReports* progress = &result.progress;
         result.handler->SetProgressCallback([progress](CTavrinString message, int value) {
@@ -122,6 +125,30 @@ std::vector<std::string> NodeNames(const CTavrinJson& documentJson)
     for (const CTavrinJson& node : documentJson.at("nodes"))
         names.push_back(node.at("name").get<std::string>());
     return names;
+}
+
+std::vector<KeyFrame> KeyFramesOf(const CTavrinJson& documentJson, const std::string& node)
+{
+    std::vector<KeyFrame> keyFrames;
+    const CTavrinJson& sequence = documentJson.at("sequence");
+    if (sequence.is_null())
+        return keyFrames;
+    const CTavrinJson id = NodeNamed(documentJson, node).at("id");
+    for (const CTavrinJson& track : sequence.at("tracks")) {
+        if (track.at("node") != id)
+            continue;
+        for (const CTavrinJson& key : track.at("keyframes"))
+            keyFrames.push_back({key.at("start"), key.at("end"), key.at("serial"), key.at("matrix")});
+    }
+    return keyFrames;
+}
+
+std::vector<int> StartsOf(const std::vector<KeyFrame>& keyFrames)
+{
+    std::vector<int> starts;
+    for (const KeyFrame& key : keyFrames)
+        starts.push_back(key.start);
+    return starts;
 }
 
 } // namespace TavrinReaderTests

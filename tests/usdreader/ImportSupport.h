@@ -4,6 +4,7 @@
 // them, and the result in the document's JSON form.
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -46,8 +47,10 @@ struct ImportResult {
 };
 
 // Imports the file at path with textures going to folder; with
-// withCallback false no progress callback is given.
-ImportResult ImportFile(const std::string& path, const std::string& folder, bool withCallback = true);
+// withCallback false no progress callback is given. prepare, when given,
+// sees the reader state before the import starts.
+ImportResult ImportFile(const std::string& path, const std::string& folder, bool withCallback = true,
+                        const std::function<void(Tavrin::CTavrinUSDReaderHandler&)>& prepare = {});
 
 // Writes usda under fileName in scratch and imports it.
 ImportResult ImportText(const ScratchFolder& scratch, const std::string& usda,
@@ -76,5 +79,20 @@ std::vector<double> TranslationOf(const Tavrin::CTavrinJson& matrix);
 // more than one.
 Tavrin::CTavrinJson NodeNamed(const Tavrin::CTavrinJson& documentJson, const std::string& name);
 std::vector<std::string> NodeNames(const Tavrin::CTavrinJson& documentJson);
+
+// One key frame of the JSON form's sequence.
+struct KeyFrame {
+    int start;
+    int end;
+    int serial;
+    std::vector<double> matrix;
+
+    std::vector<double> Translation() const { return TranslationOf(Tavrin::CTavrinJson(matrix)); }
+};
+
+// The key frames of the named node's track, by start frame; none without a
+// sequence.
+std::vector<KeyFrame> KeyFramesOf(const Tavrin::CTavrinJson& documentJson, const std::string& node);
+std::vector<int> StartsOf(const std::vector<KeyFrame>& keyFrames);
 
 } // namespace TavrinReaderTests

@@ -293,8 +293,9 @@ TEST(ReadSkeleton, TheCorpusArmKeepsItsJointsAndWeights)
     EXPECT_EQ(rig[0], (RigEntry{0, "Hand", 1}));
     EXPECT_EQ(rig[4], (RigEntry{4, "Shoulder", 1}));
     EXPECT_EQ(rig[11], (RigEntry{11, "Elbow", 1}));
-    // Its animation source is authored on the skeleton, which is not followed.
-    EXPECT_TRUE(document.at("sequence").is_null());
+    // Its animation, bound on the skeleton, turns the elbow alone.
+    EXPECT_THAT(StartsOf(KeyFramesOf(document, "Elbow")), ElementsAre(1, 10));
+    EXPECT_TRUE(KeyFramesOf(document, "Hand").empty());
 }
 
 } // namespace
