@@ -37,10 +37,13 @@ CTavrinRigGeometryTable* CTavrinUSDReaderHandler::ReadSkinWeights(const UsdGeomM
     // Per point, elementSize influences in a row. A constant primvar holds
     // one row that binds the whole mesh rigidly, so every point reads it;
     // otherwise arrays shorter than their points leave the trailing points
-    // without influences.
+    // without influences. Arrays of a row per point are read per point
+    // whatever their interpolation says: exporters often leave it out, and
+    // the fallback (constant) would pin every point to point 0.
     const auto elementSize = static_cast<std::size_t>(std::max(indicesPrimvar.GetElementSize(), 0));
-    const bool rigid = indicesPrimvar.GetInterpolation() == UsdGeomTokens->constant;
     const std::size_t available = std::min(jointIndices.size(), jointWeights.size());
+    const bool rigid = indicesPrimvar.GetInterpolation() == UsdGeomTokens->constant &&
+                       available / std::max<std::size_t>(elementSize, 1) < pointCount;
     for (std::size_t point = 0; point < pointCount; ++point) {
         const std::size_t start = rigid ? 0 : point * elementSize;
         if (start >= available)

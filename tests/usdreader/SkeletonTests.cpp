@@ -234,6 +234,12 @@ TEST(ReadSkinWeights, ElementSizeAndInterpolationShapeTheRows)
         int[] primvars:skel:jointIndices = [1, 0] (elementSize = 2 interpolation = "constant")
         float[] primvars:skel:jointWeights = [0.75, 0.25] (elementSize = 2 interpolation = "constant")
 )") +
+                       // A row per point is read per point, also where the
+                       // interpolation is left at its fallback, constant.
+                       SkinnedMesh("Unstated", "/Rig/Skel", R"(
+        int[] primvars:skel:jointIndices = [0, 1, 1]
+        float[] primvars:skel:jointWeights = [1, 1, 0.5]
+)") +
                        // Arrays one point short leave the last point without weights.
                        SkinnedMesh("Short", "/Rig/Skel", R"(
         int[] primvars:skel:jointIndices = [1, 0, 0, 0] (elementSize = 2 interpolation = "vertex")
@@ -244,6 +250,8 @@ TEST(ReadSkinWeights, ElementSizeAndInterpolationShapeTheRows)
     EXPECT_THAT(Rig(result.json, "Rigid"),
                 ElementsAre(RigEntry{0, "A", 0.25}, RigEntry{0, "B", 0.75}, RigEntry{1, "A", 0.25},
                             RigEntry{1, "B", 0.75}, RigEntry{2, "A", 0.25}, RigEntry{2, "B", 0.75}));
+    EXPECT_THAT(Rig(result.json, "Unstated"),
+                ElementsAre(RigEntry{0, "A", 1}, RigEntry{1, "B", 1}, RigEntry{2, "B", 0.5}));
     EXPECT_THAT(Rig(result.json, "Short"),
                 ElementsAre(RigEntry{0, "A", 0.5}, RigEntry{0, "B", 0.5}, RigEntry{1, "A", 1}));
 }
