@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "host/CTavrinGeometry.h"
 #include "host/CTavrinTables.h"
 #include "usdreader/CTavrinUSDReaderHandler.h"
@@ -57,6 +59,29 @@ void DropTrianglesOutsidePoints(const SdfPath& meshPath, CTavrinMeshValues* valu
     values->triangles = std::move(triangles);
 }
 
+// Faces whose counts run past the face-vertex indices would triangulate to
+// (0, 0, 0) fillers: the faces that fit are kept, in order, and everything
+// from the first face that does not fit is dropped. The triangulation then
+// never plans more than the indices can give.
+void DropFacesPastTheIndices(const SdfPath& meshPath, std::size_t indexCount, VtIntArray* faceVertexCounts)
+{
+    std::size_t used = 0;
+    std::size_t fitting = 0;
+    const VtIntArray& counts = *faceVertexCounts;
+    for (const int count : counts) {
+        const auto needed = static_cast<std::size_t>(std::max(count, 0));
+        if (needed > indexCount - used)
+            break;
+        used += needed;
+        ++fitting;
+    }
+    if (fitting == counts.size())
+        return;
+    TF_WARN("Mesh <%s>: face %zu of %zu runs past its %zu face-vertex indices; it and the faces after it are dropped",
+            meshPath.GetText(), fitting, counts.size(), indexCount);
+    faceVertexCounts->resize(fitting);
+}
+
 } // namespace
 
 std::array<double, 3> CTavrinAxisConversion::Convert(const float* value) const
@@ -109,6 +134,7 @@ void CTavrinUSDReaderHandler::ReadMeshGeometry(const UsdGeomMesh& mesh, CTavrinG
     TfToken scheme;
     mesh.GetOrientationAttr().Get(&orientation, topologyTime);
     mesh.GetSubdivisionSchemeAttr().Get(&scheme, topologyTime);
+    DropFacesPastTheIndices(mesh.GetPath(), faceVertexIndices.size(), &faceVertexCounts);
 
     // The cage as authored: the scheme rides along, nothing is refined.
     const HdMeshTopology topology(scheme, orientation, faceVertexCounts, faceVertexIndices, 0);

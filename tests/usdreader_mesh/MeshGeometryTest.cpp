@@ -66,14 +66,27 @@ TEST(MeshTriangulation, FaceOfTwoVerticesGivesNoTriangleButUsesItsIndices)
               (std::vector<Triangle>{{0, 1, 2}, {2, 3, 4}}));
 }
 
-TEST(MeshTriangulation, FaceRunningPastTheIndicesEndsInZeroTriangles)
+TEST(MeshTriangulation, FacesFromTheFirstThatRunsPastTheIndicesAreDropped)
 {
-    TfDiagnosticCapture capture;
-    // The quad has only three of its four indices: its second fan triangle
-    // would read past the end.
-    EXPECT_EQ(TrianglesOf(std::string(kFourPoints) + "int[] faceVertexCounts = [3, 4]\n"
-                                                     "int[] faceVertexIndices = [0, 1, 2, 1, 2, 3]"),
-              (std::vector<Triangle>{{0, 1, 2}, {1, 2, 3}, {0, 0, 0}}));
+    struct Case {
+        const char* topology;
+        std::vector<Triangle> triangles;
+    };
+    const Case cases[] = {
+        // The quad has only three of its four indices: no partial fan of it
+        // and no (0, 0, 0) filler.
+        {"int[] faceVertexCounts = [3, 4]\nint[] faceVertexIndices = [0, 1, 2, 1, 2, 3]", {{0, 1, 2}}},
+        // A triangle after the overrunning face would fit the indices left,
+        // but face order decides which indices are whose: it goes too.
+        {"int[] faceVertexCounts = [3, 5, 3]\nint[] faceVertexIndices = [0, 1, 2, 1, 2, 3, 0]", {{0, 1, 2}}},
+        // Counts that ask for far more than there is keep the faces that fit.
+        {"int[] faceVertexCounts = [4, 1000000000]\nint[] faceVertexIndices = [0, 1, 2, 3]", {{0, 1, 2}, {0, 2, 3}}},
+    };
+    for (const Case& c : cases) {
+        TfDiagnosticCapture capture;
+        EXPECT_EQ(TrianglesOf(std::string(kFourPoints) + c.topology), c.triangles) << c.topology;
+        EXPECT_TRUE(capture.Contains("runs past")) << c.topology;
+    }
 }
 
 TEST(MeshTriangulation, TrianglesNamingMissingPointsAreDroppedWithAWarning)
