@@ -44,6 +44,30 @@ TEST(Targets, TargetOutsideAReferencedModelIsDropped)
     EXPECT_TRUE(capture.Contains("/Elsewhere"));
 }
 
+// A variant references an asset whose body is a nested reference; the body
+// binds its geometry (itself referenced) to its own materials, over weaker
+// bindings the geometry's file made to paths it does not bring along.
+TEST(Targets, MappedThroughVariantsAndNestedReferences)
+{
+    TfDiagnosticCapture capture;
+    const UsdStageRefPtr stage = OpenStage("targets_vehicle.usda");
+    ASSERT_TRUE(stage);
+    const auto binding = [&stage](const char* mesh) {
+        return stage->GetPrimAtPath(SdfPath(std::string("/Vehicle/Tractor/body/geo/") + mesh))
+            .GetRelationship(TfToken("material:binding"));
+    };
+    // An explicit list replaces the weaker one, unmappable paths and all.
+    SdfPathVector targets;
+    EXPECT_TRUE(binding("Shell").GetTargets(&targets));
+    EXPECT_THAT(Paths(targets), ElementsAre("/Vehicle/Tractor/body/materials/Paint"));
+    EXPECT_FALSE(capture.Contains("shellMax"));
+    // A prepend keeps the weaker path, which cannot be mapped: the mapped
+    // target is still given, but the composition reports the error.
+    EXPECT_FALSE(binding("Lamp").GetTargets(&targets));
+    EXPECT_THAT(Paths(targets), ElementsAre("/Vehicle/Tractor/body/materials/Glass"));
+    EXPECT_TRUE(capture.Contains("lampMax"));
+}
+
 TEST(Targets, WithinTheSameModelAcrossTheDefaultPrim)
 {
     const UsdStageRefPtr stage = OpenStage("references.usda");
