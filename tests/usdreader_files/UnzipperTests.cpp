@@ -5,9 +5,11 @@
 
 #include "ScratchFolder.h"
 #include "TestZip.h"
+#include "usdcore/tf/diagnostic.h"
 #include "usdreader/CTavrinUnzipper.h"
 
 using namespace Tavrin;
+PXR_NAMESPACE_USING_DIRECTIVE
 
 namespace {
 
@@ -166,6 +168,65 @@ TEST_F(Unzip, HugeDeclaredStoredSizeReadsNoFurtherThanTheArchive)
     ExtractBytes(bytes);
     for (const std::string& file : Written())
         EXPECT_LE(std::filesystem::file_size(unpack + "/" + file), bytes.size()) << file;
+}
+
+// Small limits, so that each bound shows on entries of a few kilobytes.
+CTavrinUnpackLimits SmallLimits(std::uint64_t totalBytes, std::uint64_t entryCount)
+{
+    CTavrinUnpackLimits limits;
+    limits.totalBytes = totalBytes;
+    limits.entryCount = entryCount;
+    limits.expansionRatio = 10;
+    limits.smallEntryBytes = 1000;
+    return limits;
+}
+
+TEST_F(Unzip, EachBoundSkipsWhatPassesItAndKeepsTheRest)
+{
+    struct Case {
+        const char* name;
+        std::vector<TestZipEntry> entries;
+        CTavrinUnpackLimits limits;
+        std::set<std::string> written;
+        const char* warning;
+    };
+    const std::string noisy = NoisyBytes(6000);
+    const Case cases[] = {
+        // Zeros deflate a thousandfold: that entry goes, its neighbours stay.
+        {"expansion", {{"scene.usda", "#usda 1.0\n"}, {"zeros.bin", std::string(100000, '\0')}, {"wood.png", noisy}},
+         SmallLimits(1 << 20, 100), {"scene.usda", "wood.png"}, "expands more than 10 times"},
+        // Small entries are never held to the ratio.
+        {"small entry", {{"spaces.usda", std::string(900, ' ')}}, SmallLimits(1 << 20, 100), {"spaces.usda"}, nullptr},
+        // The entry that would pass the total goes, and everything after it.
+        {"total", {{"a.bin", noisy, false}, {"b.bin", noisy, false}, {"c.bin", "c", false}}, SmallLimits(10000, 100),
+         {"a.bin"}, "more than 10000 bytes in all"},
+        {"entry count", {{"a.txt", "a"}, {"b.txt", "b"}, {"c.txt", "c"}}, SmallLimits(1 << 20, 2), {"a.txt", "b.txt"},
+         "more than 2 entries"},
+    };
+    for (const Case& c : cases) {
+        std::filesystem::remove_all(scratch.path);
+        std::filesystem::create_directories(scratch.path);
+        ASSERT_TRUE(WriteTestZip(archive, c.entries)) << c.name;
+        TfDiagnosticCapture capture;
+        EXPECT_TRUE(CTavrinUnzipper().ExtractAll(Text(archive), Text(unpack), c.limits)) << c.name;
+        EXPECT_EQ(Written(), c.written) << c.name;
+        if (c.warning)
+            EXPECT_TRUE(capture.Contains(c.warning)) << c.name;
+        else
+            EXPECT_TRUE(capture.GetDiagnostics().empty()) << c.name;
+    }
+}
+
+// A package of a few kilobytes holding 64 MiB of zeros: the default limits
+// stop the entry after a few megabytes and remove what it wrote.
+TEST_F(Unzip, ADeflatedBombWritesLittleAndLeavesNothing)
+{
+    ASSERT_TRUE(WriteTestZip(archive, {{"scene.usda", "#usda 1.0\n"}, {"bomb.bin", std::string(64 << 20, '\0')}}));
+    ASSERT_LT(std::filesystem::file_size(archive), 1u << 20);
+    TfDiagnosticCapture capture;
+    EXPECT_TRUE(Extract());
+    EXPECT_EQ(Written(), (std::set<std::string>{"scene.usda"}));
+    EXPECT_TRUE(capture.Contains("bomb.bin"));
 }
 
 // Every truncation and every flipped byte of a small package: whatever
