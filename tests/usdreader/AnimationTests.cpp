@@ -122,6 +122,41 @@ TEST(ReadSkeletalAnimation, NoSamplesOrNoSkeletonMakeNoSequence)
     EXPECT_TRUE(NodeNamed(result.json, "Hips").is_null());
 }
 
+TEST(ReadSkeletalAnimation, JointKeyFramesCarryNoRootCorrection)
+{
+    // Y-up in centimetres: the SkelRoot's own matrix is corrected, the
+    // joints' poses stay as the animation gives them.
+    std::string scene = AnimatedRig(R"(
+            uniform token[] joints = ["Hips"]
+            float3[] translations.timeSamples = { 1: [(1, 2, 3)] }
+            quatf[] rotations = [(1, 0, 0, 0)]
+            half3[] scales = [(1, 1, 1)]
+)");
+    const std::string zUp = "upAxis = \"Z\"\n    metersPerUnit = 1";
+    scene.replace(scene.find(zUp), zUp.size(), "upAxis = \"Y\"\n    metersPerUnit = 0.01");
+    const ImportResult result = ImportText(scene);
+    EXPECT_NE(NodeNamed(result.json, "Rig").at("localMatrix"),
+              CTavrinJson({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}));
+    const std::vector<KeyFrame> hips = KeyFramesOf(result.json, "Hips");
+    ASSERT_EQ(hips.size(), 1u);
+    EXPECT_EQ(hips[0].matrix, (std::vector<double>{1, 0, 0, 1, 0, 1, 0, 2, 0, 0, 1, 3, 0, 0, 0, 1}));
+}
+
+TEST(ReadSkeletalAnimation, AFrameWhosePoseCannotBeComputedRepeatsThePreviousPose)
+{
+    // At frame 2 the translations list two joints for one: no pose.
+    const ImportResult result = ImportText(AnimatedRig(R"(
+            uniform token[] joints = ["Hips"]
+            float3[] translations.timeSamples = { 1: [(0, 0, 1)], 2: [(0, 0, 2), (0, 0, 9)], 3: [(0, 0, 3)] }
+            quatf[] rotations = [(1, 0, 0, 0)]
+            half3[] scales = [(1, 1, 1)]
+)"));
+    const std::vector<KeyFrame> hips = KeyFramesOf(result.json, "Hips");
+    ASSERT_THAT(StartsOf(hips), ElementsAre(1, 2, 3));
+    EXPECT_THAT(hips[1].Translation(), ElementsAre(0, 0, 1));
+    EXPECT_THAT(hips[2].Translation(), ElementsAre(0, 0, 3));
+}
+
 // An Xform "Box" translated along x by the given samples.
 std::string MovingBox(const std::string& samples)
 {

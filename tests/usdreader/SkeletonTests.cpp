@@ -144,6 +144,29 @@ TEST(ReadSkeleton, TwoTargetsAreConvertedInOrderAndTheLastOneServesTheWeights)
                 ElementsAre(RigEntry{0, "Pelvis", 1}, RigEntry{1, "Arm", 1}, RigEntry{2, "Pelvis", 1}));
 }
 
+// Joints are known by their last name: a second "Hand" is taken for the
+// first, which ends the conversion there, unparented, and the animation of
+// either hand moves the one joint of that name.
+TEST(ReadSkeleton, JointsWhoseNamesEndAlikeAreOneJoint)
+{
+    const ImportResult result = ImportText(ZUpScene(
+        "def SkelRoot \"Rig\" {\n" + Skeleton("Skel", {"Left", "Left/Hand", "Right", "Right/Hand"}) +
+        SkinnedMesh("Body", "/Rig/Skel", R"(        rel skel:animationSource = </Rig/Anim>
+)") + R"(    def SkelAnimation "Anim" {
+        uniform token[] joints = ["Left/Hand", "Right/Hand"]
+        float3[] translations.timeSamples = { 1: [(1, 0, 0), (2, 0, 0)] }
+        quatf[] rotations = [(1, 0, 0, 0), (1, 0, 0, 0)]
+        half3[] scales = [(1, 1, 1), (1, 1, 1)]
+    }
+}
+)"));
+    EXPECT_THAT(NodeNames(result.json), ElementsAre("Rig", "Body", "Left", "Hand", "Right"));
+    EXPECT_TRUE(NodeNamed(result.json, "Hand").at("parent").is_null());
+    const std::vector<KeyFrame> hand = KeyFramesOf(result.json, "Hand");
+    ASSERT_EQ(hand.size(), 1u);
+    EXPECT_THAT(hand[0].Translation(), ElementsAre(2, 0, 0));
+}
+
 TEST(ReadSkeleton, ASkeletonWithoutAMatrixForEveryJointMakesNoJoints)
 {
     const ImportResult result = ImportText(ZUpScene(R"(

@@ -141,6 +141,22 @@ TEST(MeshPoints, EarliestTimeSampleIsRead)
     EXPECT_EQ(Vertices(scene.ConvertGeometry("/World/Mesh")), (std::vector<Vector3>{{2, 2, 2}}));
 }
 
+// A mesh whose topology and normals change over time is converted as it
+// stands at each attribute's earliest sample: the quad at 2, not the two
+// triangles at 5, and the normals at 3.
+TEST(MeshPoints, TopologyAndNormalsAreReadAtTheirEarliestSample)
+{
+    MeshScene scene(MeshText(std::string(kFourPoints) +
+                             "int[] faceVertexCounts.timeSamples = { 5: [3, 3], 2: [4] }\n"
+                             "int[] faceVertexIndices.timeSamples = { 5: [0, 1, 2, 0, 2, 3], 2: [3, 0, 1, 2] }\n"
+                             "normal3f[] normals (\n    interpolation = \"vertex\"\n)\n"
+                             "normal3f[] normals.timeSamples = { 9: [(0, 1, 0), (0, 1, 0), (0, 1, 0), (0, 1, 0)],\n"
+                             "                                   3: [(0, 0, 1), (0, 0, 1), (0, 0, 1), (0, 0, 1)] }"));
+    const Tavrin::CTavrin3DObject* object = scene.ConvertGeometry("/World/Mesh");
+    EXPECT_EQ(Triangles(object), (std::vector<Triangle>{{3, 0, 1}, {3, 1, 2}}));
+    EXPECT_EQ(Normals(object), std::vector<Vector3>(4, Vector3{0, 0, 1}));
+}
+
 TEST(MeshPoints, MissingOrMistypedPointsLeaveTheGeometryEmpty)
 {
     TfDiagnosticCapture capture;
