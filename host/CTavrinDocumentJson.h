@@ -15,7 +15,7 @@ namespace Tavrin {
 class CTavrinDocument;
 class CTavrinSceneNode;
 
-// The JSON form of an imported document (document-json.md). Keys keep the
+// The JSON form of an imported document (docs/document-json.md). Keys keep the
 // order of that contract, hence ordered_json.
 using CTavrinJson = nlohmann::ordered_json;
 

@@ -1,5 +1,6 @@
 #pragma once
-// The "sequence" part of the JSON form of an imported document.
+// The "sequence" part of the JSON form of an imported document
+// (docs/document-json.md).
 
 #include "TavrinAnimation/src/TavrinSequence.h"
 #include "host/CTavrinDocumentJson.h"

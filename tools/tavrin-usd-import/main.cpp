@@ -8,7 +8,8 @@
 // imports through it.
 // Without FILE the bundled sample scene is imported. Textures are copied into
 // DIR, or into a fresh folder under the temporary directory. --json writes the
-// import (progress reports and document) in the tavrin-document/1 form.
+// import (progress reports and document) in the tavrin-document/1 form
+// (docs/document-json.md).
 // Exit status: 0 on success, 1 when the import (or writing the JSON) failed,
 // 2 on a usage error.
 
