@@ -33,6 +33,7 @@ constexpr SchemaType kSchemaTypes[] = {
     {"Cylinder", "Gprim"},
     {"Cone", "Gprim"},
     {"Capsule", "Gprim"},
+    {"Plane", "Gprim"},
     {"PointBased", "Gprim"},
     {"Mesh", "PointBased"},
     {"Points", "PointBased"},
@@ -82,6 +83,11 @@ VtValue Token(const char* text)
     return VtValue(TfToken(text));
 }
 
+VtValue Extent(float minX, float minY, float minZ, float maxX, float maxY, float maxZ)
+{
+    return VtValue(VtVec3fArray{GfVec3f(minX, minY, minZ), GfVec3f(maxX, maxY, maxZ)});
+}
+
 const SdfVariability kUniform = SdfVariabilityUniform;
 const SdfVariability kVarying = SdfVariabilityVarying;
 
@@ -101,6 +107,29 @@ std::vector<AttributeRow> AttributeRows()
         {"PointBased", "points", "point3f[]", kVarying, VtValue()},
         {"PointBased", "velocities", "vector3f[]", kVarying, VtValue()},
         {"PointBased", "normals", "normal3f[]", kVarying, VtValue()},
+        // The implicit shapes: the extent fallback of each is the box of its
+        // own fallback sizes.
+        {"Cube", "size", "double", kVarying, VtValue(2.0)},
+        {"Cube", "extent", "float3[]", kVarying, Extent(-1, -1, -1, 1, 1, 1)},
+        {"Sphere", "radius", "double", kVarying, VtValue(1.0)},
+        {"Sphere", "extent", "float3[]", kVarying, Extent(-1, -1, -1, 1, 1, 1)},
+        {"Cylinder", "height", "double", kVarying, VtValue(2.0)},
+        {"Cylinder", "radius", "double", kVarying, VtValue(1.0)},
+        {"Cylinder", "axis", "token", kUniform, Token("Z")},
+        {"Cylinder", "extent", "float3[]", kVarying, Extent(-1, -1, -1, 1, 1, 1)},
+        {"Cone", "height", "double", kVarying, VtValue(2.0)},
+        {"Cone", "radius", "double", kVarying, VtValue(1.0)},
+        {"Cone", "axis", "token", kUniform, Token("Z")},
+        {"Cone", "extent", "float3[]", kVarying, Extent(-1, -1, -1, 1, 1, 1)},
+        {"Capsule", "height", "double", kVarying, VtValue(1.0)},
+        {"Capsule", "radius", "double", kVarying, VtValue(0.5)},
+        {"Capsule", "axis", "token", kUniform, Token("Z")},
+        {"Capsule", "extent", "float3[]", kVarying, Extent(-0.5f, -0.5f, -1, 0.5f, 0.5f, 1)},
+        {"Plane", "width", "double", kVarying, VtValue(2.0)},
+        {"Plane", "length", "double", kVarying, VtValue(2.0)},
+        {"Plane", "axis", "token", kUniform, Token("Z")},
+        {"Plane", "doubleSided", "bool", kUniform, VtValue(true)},
+        {"Plane", "extent", "float3[]", kVarying, Extent(-1, -1, 0, 1, 1, 0)},
         {"Mesh", "faceVertexIndices", "int[]", kVarying, VtValue()},
         {"Mesh", "faceVertexCounts", "int[]", kVarying, VtValue()},
         {"Mesh", "subdivisionScheme", "token", kUniform, Token("catmullClark")},

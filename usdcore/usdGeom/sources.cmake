@@ -1,13 +1,19 @@
 list(APPEND USDCORE_SOURCES
   usdGeom/boundable.cpp
+  usdGeom/capsule.cpp
+  usdGeom/cone.cpp
+  usdGeom/cube.cpp
+  usdGeom/cylinder.cpp
   usdGeom/gprim.cpp
   usdGeom/imageable.cpp
   usdGeom/mesh.cpp
   usdGeom/metrics.cpp
+  usdGeom/plane.cpp
   usdGeom/pointBased.cpp
   usdGeom/primvar.cpp
   usdGeom/primvarsAPI.cpp
   usdGeom/scope.cpp
+  usdGeom/sphere.cpp
   usdGeom/subset.cpp
   usdGeom/tokens.cpp
   usdGeom/xform.cpp

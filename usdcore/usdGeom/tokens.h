@@ -6,6 +6,7 @@
 // Attribute names, their allowed values, and the metadata keys of the
 // geometry schemas.
 #define USDGEOM_TOKENS(X)                                                     \
+    X(axis, "axis")                                                           \
     X(bilinear, "bilinear")                                                   \
     X(boundaries, "boundaries")                                               \
     X(catmullClark, "catmullClark")                                           \
@@ -33,6 +34,7 @@
     X(faceVertexIndices, "faceVertexIndices")                                 \
     X(familyName, "familyName")                                               \
     X(guide, "guide")                                                         \
+    X(height, "height")                                                       \
     X(holeIndices, "holeIndices")                                             \
     X(indices, "indices")                                                     \
     X(inherited, "inherited")                                                 \
@@ -40,6 +42,7 @@
     X(interpolation, "interpolation")                                         \
     X(invisible, "invisible")                                                 \
     X(leftHanded, "leftHanded")                                               \
+    X(length, "length")                                                       \
     X(loop, "loop")                                                           \
     X(metersPerUnit, "metersPerUnit")                                         \
     X(none, "none")                                                           \
@@ -51,8 +54,10 @@
     X(primvarsDisplayOpacity, "primvars:displayOpacity")                      \
     X(proxy, "proxy")                                                         \
     X(purpose, "purpose")                                                     \
+    X(radius, "radius")                                                       \
     X(render, "render")                                                       \
     X(rightHanded, "rightHanded")                                             \
+    X(size, "size")                                                           \
     X(smooth, "smooth")                                                       \
     X(subdivisionScheme, "subdivisionScheme")                                 \
     X(triangleSubdivisionRule, "triangleSubdivisionRule")                     \
@@ -62,6 +67,7 @@
     X(velocities, "velocities")                                               \
     X(vertex, "vertex")                                                       \
     X(visibility, "visibility")                                               \
+    X(width, "width")                                                         \
     X(x, "X")                                                                 \
     X(xformOpOrder, "xformOpOrder")                                           \
     X(y, "Y")                                                                 \
