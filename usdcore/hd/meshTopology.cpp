@@ -12,6 +12,12 @@ HdMeshTopology::HdMeshTopology(const HdMeshTopology& src, int refineLevel)
     _refineLevel = refineLevel;
 }
 
+HdMeshTopology::HdMeshTopology(const PxOsdMeshTopology& topology, int refineLevel)
+    : HdMeshTopology(topology.GetScheme(), topology.GetOrientation(), topology.GetFaceVertexCounts(),
+                     topology.GetFaceVertexIndices(), topology.GetHoleIndices(), refineLevel)
+{
+}
+
 HdMeshTopology::HdMeshTopology(const TfToken& scheme, const TfToken& orientation,
                                const VtIntArray& faceVertexCounts,
                                const VtIntArray& faceVertexIndices, int refineLevel)

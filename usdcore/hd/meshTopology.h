@@ -1,5 +1,6 @@
 #pragma once
 
+#include "usdcore/pxOsd/meshTopology.h"
 #include "usdcore/pxr.h"
 #include "usdcore/tf/token.h"
 #include "usdcore/vt/types.h"
@@ -15,6 +16,8 @@ class HdMeshTopology
 public:
     HdMeshTopology() = default;
     HdMeshTopology(const HdMeshTopology& src, int refineLevel);
+    /// The mesh generators' topology, as imaging takes it.
+    HdMeshTopology(const PxOsdMeshTopology& topology, int refineLevel = 0);
     HdMeshTopology(const TfToken& scheme, const TfToken& orientation,
                    const VtIntArray& faceVertexCounts, const VtIntArray& faceVertexIndices,
                    int refineLevel = 0);

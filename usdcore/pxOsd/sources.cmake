@@ -1,0 +1,3 @@
+list(APPEND USDCORE_SOURCES
+  pxOsd/tokens.cpp
+)
