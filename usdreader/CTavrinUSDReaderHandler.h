@@ -15,6 +15,7 @@
 // The schema classes appear here only in signatures; the converters that use
 // them get their definitions through UsdApi.h.
 PXR_NAMESPACE_OPEN_SCOPE
+class UsdGeomGprim;
 class UsdGeomMesh;
 class UsdGeomXformable;
 class UsdShadeMaterial;
@@ -93,6 +94,9 @@ public:
     void ReadMeshObject(const PXR_NS::UsdGeomMesh& mesh, CTavrin3DObject* node);
     void ReadMeshGeometry(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,
                           CTavrin3DObject* object);
+    // The material of a mesh or shape, from its display colour and the
+    // material bound to it or to its first bound subset, assigned to node.
+    void ReadObjectMaterial(const PXR_NS::UsdGeomGprim& gprim, CTavrin3DObject* node);
     // The skinning step of the geometry: the rig table it attached to
     // geometry for the mesh's pointCount points, or null.
     CTavrinRigGeometryTable* ReadSkinWeights(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,

@@ -10,7 +10,9 @@
 
 namespace Tavrin {
 
+class CTavrin3DObject;
 class CTavrinDocument;
+class CTavrinGeometry;
 class CTavrinRigGeometryTable;
 class CTavrinTextureCoordinatesTable;
 class CTavrinVerticiesNormalsTable;
@@ -101,5 +103,23 @@ void WriteVertexCoordinates(const CTavrinMeshValues& values);
 void SplitFaceVaryingVertices(const CTavrinAxisConversion& axes, CTavrinVerticiesTable* vertexTable,
                               CTavrinVerticiesNormalsTable* normalsTable,
                               CTavrinRigGeometryTable* rigTable, CTavrinMeshValues* values);
+
+// The vertex table of a mesh's points, attached to geometry, and its normals
+// table, one zero normal per point, not yet attached.
+struct CTavrinPointTables {
+    CTavrinVerticiesTable* vertices = nullptr;
+    CTavrinVerticiesNormalsTable* normals = nullptr;
+};
+CTavrinPointTables WritePoints(const PXR_NS::VtVec3fArray& points, const CTavrinAxisConversion& axes,
+                               CTavrinDocument* document, CTavrinGeometry* geometry);
+
+// What follows once a mesh's values are read: per-vertex normals and
+// coordinates, vertices split for face-varying ones, the normals attached
+// to geometry and the coordinates to object, then the triangles as the
+// polygons table. rigTable, when not null, gives split copies their weights.
+void WriteTriangulatedMesh(const PXR_NS::SdfPath& meshPath, const CTavrinAxisConversion& axes,
+                           const CTavrinPointTables& tables, CTavrinRigGeometryTable* rigTable,
+                           CTavrinDocument* document, CTavrinGeometry* geometry, CTavrin3DObject* object,
+                           CTavrinMeshValues* values);
 
 } // namespace Tavrin

@@ -94,6 +94,45 @@ std::array<double, 3> CTavrinAxisConversion::Convert(const float* value) const
     return converted;
 }
 
+CTavrinPointTables WritePoints(const VtVec3fArray& points, const CTavrinAxisConversion& axes,
+                               CTavrinDocument* document, CTavrinGeometry* geometry)
+{
+    CTavrinPointTables tables;
+    tables.vertices = CTavrinVerticiesTable::Create(document, true);
+    tables.normals = CTavrinVerticiesNormalsTable::Create(document, true);
+    tables.vertices->Reserve(points.size());
+    tables.normals->Reserve(points.size());
+    for (const GfVec3f& point : points) {
+        const std::array<double, 3> converted = axes.Convert(point.data());
+        tables.vertices->AddVertex(converted[0], converted[1], converted[2]);
+        tables.normals->AddVertex(0.0, 0.0, 0.0);
+    }
+    geometry->SetVerticiesTable(tables.vertices);
+    return tables;
+}
+
+void WriteTriangulatedMesh(const SdfPath& meshPath, const CTavrinAxisConversion& axes,
+                           const CTavrinPointTables& tables, CTavrinRigGeometryTable* rigTable,
+                           CTavrinDocument* document, CTavrinGeometry* geometry, CTavrin3DObject* object,
+                           CTavrinMeshValues* values)
+{
+    DropTrianglesOutsidePoints(meshPath, values);
+    WriteVertexNormals(*values, axes, tables.normals);
+    WriteVertexCoordinates(*values);
+    SplitFaceVaryingVertices(axes, tables.vertices, tables.normals, rigTable, values);
+
+    geometry->SetVerticiesNormalsTable(tables.normals);
+    if (values->coordinatesTable)
+        object->SetTextureCoordinatesTable(values->coordinatesTable);
+
+    // Corners follow the axis permutation, so that swapping two axes would
+    // also turn the winding.
+    CTavrinPolygonsTable* polygonsTable = CTavrinPolygonsTable::Create(document);
+    for (const GfVec3i& triangle : values->triangles)
+        polygonsTable->AddTriangle(triangle[axes.order[0]], triangle[axes.order[1]], triangle[axes.order[2]]);
+    geometry->SetPolygonsTable(polygonsTable);
+}
+
 // Points, then skin weights, then topology: the tables fill in that order
 // and every read after the points may fail without losing what came before.
 void CTavrinUSDReaderHandler::ReadMeshGeometry(const UsdGeomMesh& mesh, CTavrinGeometry* geometry,
@@ -110,16 +149,7 @@ void CTavrinUSDReaderHandler::ReadMeshGeometry(const UsdGeomMesh& mesh, CTavrinG
 
     CTavrinMeshValues values;
     values.pointCount = points.size();
-    CTavrinVerticiesTable* vertexTable = CTavrinVerticiesTable::Create(document, true);
-    CTavrinVerticiesNormalsTable* normalsTable = CTavrinVerticiesNormalsTable::Create(document, true);
-    vertexTable->Reserve(points.size());
-    normalsTable->Reserve(points.size());
-    for (const GfVec3f& point : points) {
-        const std::array<double, 3> converted = axes.Convert(point.data());
-        vertexTable->AddVertex(converted[0], converted[1], converted[2]);
-        normalsTable->AddVertex(0.0, 0.0, 0.0);
-    }
-    geometry->SetVerticiesTable(vertexTable);
+    const CTavrinPointTables tables = WritePoints(points, axes, document, geometry);
 
     CTavrinRigGeometryTable* rigTable = ReadSkinWeights(mesh, geometry, object, values.pointCount);
 
@@ -149,21 +179,7 @@ void CTavrinUSDReaderHandler::ReadMeshGeometry(const UsdGeomMesh& mesh, CTavrinG
     if (!stPrimvarName.IsEmpty())
         ReadMeshTextureCoordinates(mesh, stPrimvarName, meshUtil, document, &values);
 
-    DropTrianglesOutsidePoints(mesh.GetPath(), &values);
-    WriteVertexNormals(values, axes, normalsTable);
-    WriteVertexCoordinates(values);
-    SplitFaceVaryingVertices(axes, vertexTable, normalsTable, rigTable, &values);
-
-    geometry->SetVerticiesNormalsTable(normalsTable);
-    if (values.coordinatesTable)
-        object->SetTextureCoordinatesTable(values.coordinatesTable);
-
-    // Corners follow the axis permutation, so that swapping two axes would
-    // also turn the winding.
-    CTavrinPolygonsTable* polygonsTable = CTavrinPolygonsTable::Create(document);
-    for (const GfVec3i& triangle : values.triangles)
-        polygonsTable->AddTriangle(triangle[axisOrder[0]], triangle[axisOrder[1]], triangle[axisOrder[2]]);
-    geometry->SetPolygonsTable(polygonsTable);
+    WriteTriangulatedMesh(mesh.GetPath(), axes, tables, rigTable, document, geometry, object, &values);
 }
 
 } // namespace Tavrin
