@@ -10,6 +10,7 @@
 #include "host/CTavrinString.h"
 #include "host/CTavrinTexture.h"
 #include "usdreader/CTavrinImportHandler.h"
+#include "usdreader/CTavrinImportOptions.h"
 #include "usdreader/UsdApi.h"
 
 // The schema classes appear here only in signatures; the converters that use
@@ -72,6 +73,8 @@ public:
     // written as JSON), so a hostile file of a few bytes stays near a
     // gigabyte.
     std::int64_t keyFrameBudget = std::int64_t{1} << 20;
+    // What the request chose; set before ReadUSDFile.
+    CTavrinImportOptions options;
 
     // The driver: the document made from the file at path, textures copied
     // into folder; null when the file could not be read.
@@ -101,6 +104,14 @@ public:
     // geometry for the mesh's pointCount points, or null.
     CTavrinRigGeometryTable* ReadSkinWeights(const PXR_NS::UsdGeomMesh& mesh, CTavrinGeometry* geometry,
                                              CTavrin3DObject* object, std::size_t pointCount);
+
+    // Implicit shapes: the 3D object of a Cube, Sphere, Cylinder, Cone,
+    // Capsule or Plane prim, named, parented and placed as a mesh's, with
+    // its material and the triangle mesh imaging draws for it; null, and no
+    // object made, for any other prim or when the shape's sizes give no
+    // surface.
+    CTavrin3DObject* ReadShapeObject(const PXR_NS::UsdPrim& prim, CTavrinSceneNode* parentNode,
+                                     const std::string& name);
 
     // Materials: true when prim's direct binding names at least one material.
     bool ReadMaterialBinding(const PXR_NS::UsdPrim& prim, CTavrinBasicGeneralMaterial* basicMaterial,

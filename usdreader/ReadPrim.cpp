@@ -6,10 +6,10 @@ PXR_NAMESPACE_USING_DIRECTIVE
 
 namespace Tavrin {
 
-// Meshes, skeleton roots and transforms make nodes, tested in this order (a
-// mesh is also a transform). Any other prim makes none and lends its path to
-// its parent's node, so that its children hang under the nearest converted
-// ancestor.
+// Meshes, implicit shapes (when the options take them), skeleton roots and
+// transforms make nodes, tested in this order (a mesh is also a transform).
+// Any other prim makes none and lends its path to its parent's node, so that
+// its children hang under the nearest converted ancestor.
 void CTavrinUSDReaderHandler::ReadPrim(const UsdPrim& prim, CTavrinSceneNode* parentNode)
 {
     const std::string name = prim.GetName().GetString();
@@ -27,6 +27,8 @@ void CTavrinUSDReaderHandler::ReadPrim(const UsdPrim& prim, CTavrinSceneNode* pa
         ReadTransform(mesh, object, parentNode, name);
         ReadMeshObject(mesh, object);
         node = object;
+    } else if (CTavrin3DObject* shape = options.shapes ? ReadShapeObject(prim, parentNode, name) : nullptr) {
+        node = shape;
     } else if (const UsdSkelRoot skeletonRoot = UsdSkelRoot::Get(stage, path)) {
         node = CTavrinSkeletonJoint::Create(document);
         ReadTransform(skeletonRoot, node, parentNode, name);

@@ -4,7 +4,8 @@
 // writes PXR_NAMESPACE_USING_DIRECTIVE, so it names USD's classes exactly as
 // OpenUSD does. The build decides what stands behind the names: the built-in
 // core by default, or a real OpenUSD install when CMake is given
-// TAVRIN_OPENUSD_ROOT (which defines TAVRIN_USE_OPENUSD).
+// TAVRIN_OPENUSD_ROOT (which defines TAVRIN_USE_OPENUSD). OpenUSD has the
+// plane's mesh generator from 24.11 on.
 
 #ifdef TAVRIN_USE_OPENUSD
 
@@ -16,8 +17,19 @@
 #include <pxr/base/vt/array.h>
 #include <pxr/base/vt/types.h>
 #include <pxr/base/vt/value.h>
+#include <pxr/imaging/geomUtil/capsuleMeshGenerator.h>
+#include <pxr/imaging/geomUtil/coneMeshGenerator.h>
+#include <pxr/imaging/geomUtil/cuboidMeshGenerator.h>
+#include <pxr/imaging/geomUtil/cylinderMeshGenerator.h>
+#include <pxr/imaging/geomUtil/planeMeshGenerator.h>
+#include <pxr/imaging/geomUtil/sphereMeshGenerator.h>
+#include <pxr/imaging/hd/flatNormals.h>
 #include <pxr/imaging/hd/meshTopology.h>
 #include <pxr/imaging/hd/meshUtil.h>
+#include <pxr/imaging/hd/smoothNormals.h>
+#include <pxr/imaging/hd/vertexAdjacency.h>
+#include <pxr/imaging/pxOsd/meshTopology.h>
+#include <pxr/imaging/pxOsd/tokens.h>
 #include <pxr/usd/sdf/assetPath.h>
 #include <pxr/usd/sdf/path.h>
 #include <pxr/usd/usd/attribute.h>
@@ -27,7 +39,13 @@
 #include <pxr/usd/usd/stage.h>
 #include <pxr/usd/usd/timeCode.h>
 #include <pxr/base/tf/diagnostic.h>
+#include <pxr/usd/usdGeom/capsule.h>
+#include <pxr/usd/usdGeom/cone.h>
+#include <pxr/usd/usdGeom/cube.h>
+#include <pxr/usd/usdGeom/cylinder.h>
 #include <pxr/usd/usdGeom/mesh.h>
+#include <pxr/usd/usdGeom/plane.h>
+#include <pxr/usd/usdGeom/sphere.h>
 #include <pxr/usd/usdGeom/primvar.h>
 #include <pxr/usd/usdGeom/primvarsAPI.h>
 #include <pxr/usd/usdGeom/subset.h>
@@ -58,8 +76,19 @@
 #include "usdcore/vt/array.h"
 #include "usdcore/vt/types.h"
 #include "usdcore/vt/value.h"
+#include "usdcore/geomUtil/capsuleMeshGenerator.h"
+#include "usdcore/geomUtil/coneMeshGenerator.h"
+#include "usdcore/geomUtil/cuboidMeshGenerator.h"
+#include "usdcore/geomUtil/cylinderMeshGenerator.h"
+#include "usdcore/geomUtil/planeMeshGenerator.h"
+#include "usdcore/geomUtil/sphereMeshGenerator.h"
+#include "usdcore/hd/flatNormals.h"
 #include "usdcore/hd/meshTopology.h"
 #include "usdcore/hd/meshUtil.h"
+#include "usdcore/hd/smoothNormals.h"
+#include "usdcore/hd/vertexAdjacency.h"
+#include "usdcore/pxOsd/meshTopology.h"
+#include "usdcore/pxOsd/tokens.h"
 #include "usdcore/sdf/assetPath.h"
 #include "usdcore/sdf/path.h"
 #include "usdcore/usd/attribute.h"
@@ -69,7 +98,13 @@
 #include "usdcore/usd/stage.h"
 #include "usdcore/usd/timeCode.h"
 #include "usdcore/tf/diagnostic.h"
+#include "usdcore/usdGeom/capsule.h"
+#include "usdcore/usdGeom/cone.h"
+#include "usdcore/usdGeom/cube.h"
+#include "usdcore/usdGeom/cylinder.h"
 #include "usdcore/usdGeom/mesh.h"
+#include "usdcore/usdGeom/plane.h"
+#include "usdcore/usdGeom/sphere.h"
 #include "usdcore/usdGeom/primvar.h"
 #include "usdcore/usdGeom/primvarsAPI.h"
 #include "usdcore/usdGeom/subset.h"

@@ -111,9 +111,8 @@ TEST(ReadPrimNodes, OtherPrimTypesMakeNoNodes)
 {
     const ImportResult result = ImportText(ZUpScene(R"(
 def Xform "World" {
-    def Cube "Cube" {}
-    def Sphere "Ball" {}
     def Camera "Camera" {}
+    def Points "Dots" {}
     def Material "Paint" { def Shader "Surface" {} }
     def "Untyped" { def Xform "Inside" {} }
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+// What the application may choose about one import; the defaults are what
+// it gets without asking. The request carries these to the reader state.
+struct CTavrinImportOptions {
+    // Cube, Sphere, Cylinder, Cone, Capsule and Plane prims become 3D
+    // objects with the triangle mesh OpenUSD's imaging draws for them. Off,
+    // they make no node, as any other prim type the import does not read.
+    bool shapes = true;
+};
