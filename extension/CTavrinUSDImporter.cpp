@@ -7,6 +7,7 @@ Tavrin::CTavrinDocument* CTavrinUSDImporter::Import(const CTavrinImportRequest& 
     // One reader state per import, so nothing carries over between imports.
     Tavrin::CTavrinUSDReaderHandler handler;
     handler.SetProgressCallback(request.progressCallback);
+    handler.options = request.options;
     return handler.ReadUSDFile(request.filePath, request.folder);
 }
 

@@ -217,6 +217,43 @@ TEST(ToolFailures, WithoutAFileTheSampleIsImportedQuietly)
     EXPECT_EQ(run.output, "");
 }
 
+// A cube imports through the plug-in as a 3D object with its material and
+// transform; --no-shapes reaches the importer and leaves it out.
+TEST(ToolOptions, ShapesImportUnlessLeftOut)
+{
+    ScratchFolder scratch;
+    const std::string scene = scratch.Write("box.usda", ZUpScene(R"(
+def Cube "Box" {
+    double size = 4
+    double3 xformOp:translate = (5, 6, 7)
+    uniform token[] xformOpOrder = ["xformOp:translate"]
+    rel material:binding = </Paint>
+}
+def Material "Paint" {
+    token outputs:surface.connect = </Paint/Surface.outputs:surface>
+    def Shader "Surface" {
+        uniform token info:id = "UsdPreviewSurface"
+        color3f inputs:diffuseColor = (0, 0, 1)
+        token outputs:surface
+    }
+}
+)"));
+    const std::filesystem::path withShapes = scratch.Path() / "with.json";
+    const ToolRun run = RunTool("'" + scene + "' --quiet --json '" + withShapes.string() + "'");
+    EXPECT_EQ(run.exitStatus, 0) << run.output;
+    const CTavrinJson box = NodeNamed(ReadJson(withShapes).at("document"), "Box");
+    ASSERT_FALSE(box.is_null());
+    EXPECT_EQ(box.at("type"), "3DObject");
+    EXPECT_THAT(TranslationOf(box.at("localMatrix")), ElementsAre(5, 6, 7));
+    EXPECT_EQ(box.at("material").at("name"), "Paint");
+    EXPECT_EQ(box.at("material").at("set").at("Color"), CTavrinJson::parse("[0, 0, 1]"));
+    EXPECT_EQ(box.at("geometry").at("vertices").at(0), CTavrinJson::parse("[2, 2, 2]"));
+
+    const std::filesystem::path withoutShapes = scratch.Path() / "without.json";
+    EXPECT_EQ(RunTool("'" + scene + "' --quiet --no-shapes --json '" + withoutShapes.string() + "'").exitStatus, 0);
+    EXPECT_EQ(ReadJson(withoutShapes).at("document").at("nodes"), CTavrinJson::array());
+}
+
 TEST(ToolProgress, PlainLinesOutsideATerminalOnePerChange)
 {
     ScratchFolder scratch;

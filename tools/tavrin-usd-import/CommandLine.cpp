@@ -4,7 +4,9 @@
 
 namespace TavrinUsdImport {
 
-const char* const usageText = "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH]\n";
+const char* const usageText =
+    "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH] [--no-shapes]\n"
+    "  --no-shapes  leave Cube, Sphere, Cylinder, Cone, Capsule and Plane prims out\n";
 
 namespace {
 
@@ -46,6 +48,8 @@ bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLin
                 return false;
         } else if (std::strcmp(argument, "--quiet") == 0 || std::strcmp(argument, "-q") == 0) {
             commandLine.quiet = true;
+        } else if (std::strcmp(argument, "--no-shapes") == 0) {
+            commandLine.options.shapes = false;
         } else if (std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0) {
             commandLine.help = true;
         } else if (argument[0] == '-' && argument[1] != '\0') {

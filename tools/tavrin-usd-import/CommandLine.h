@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "usdreader/CTavrinImportOptions.h"
+
 namespace TavrinUsdImport {
 
 // What the command line asks for. Empty strings mean "not given".
@@ -11,6 +13,8 @@ struct CommandLine {
     std::string jsonPath;
     // The importer plug-in to load; the build's own when empty.
     std::string pluginPath;
+    // Passed to the importer as they are.
+    CTavrinImportOptions options;
     bool quiet = false;
     bool help = false;
 };

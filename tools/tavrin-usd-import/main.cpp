@@ -1,7 +1,7 @@
 // tavrin-usd-import: imports a USD file (.usd, .usda, .usdc, .usdz) into a
 // new document, as the application's importer does, and tells what it holds.
 //
-//   tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH]
+//   tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH] [--no-shapes]
 //
 // Like the application, it loads the importer plug-in (the build's own unless
 // --plugin names another), hands it the program's animation containers and
@@ -9,7 +9,8 @@
 // Without FILE the bundled sample scene is imported. Textures are copied into
 // DIR, or into a fresh folder under the temporary directory. --json writes the
 // import (progress reports and document) in the tavrin-document/1 form
-// (docs/document-json.md).
+// (docs/document-json.md). --no-shapes imports no implicit shapes (cubes,
+// spheres and the like).
 // Exit status: 0 on success, 1 when the import (or writing the JSON) failed,
 // 2 on a usage error.
 
@@ -91,6 +92,7 @@ int main(int argc, char** argv)
     CTavrinImportRequest request;
     request.filePath = CTavrinString(file);
     request.folder = folder;
+    request.options = commandLine.options;
     request.progressCallback = [&](CTavrinString message, int value) {
         if (!commandLine.quiet)
             display.Report(message.toStdString(), value);
