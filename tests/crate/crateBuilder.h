@@ -2,8 +2,9 @@
 
 // Builds small crate files by hand for tests: a header, a value area the test
 // fills byte by byte, and the structural sections for a pseudo-root carrying
-// the test's fields. Structural sections use the simplest valid integer
-// encoding (every delta written at full width).
+// the test's fields, optionally followed by one prim and its attributes.
+// Structural sections use the simplest valid integer encoding (every delta
+// written at full width).
 
 #include <lz4.h>
 
@@ -56,7 +57,17 @@ public:
     }
     uint64_t Tell() const { return _values.size(); }
 
-    void AddField(const std::string& name, uint64_t rep) { _fields.push_back({Token(name), rep}); }
+    /// Adds a field to the spec started last (the pseudo-root at first).
+    void AddField(const std::string& name, uint64_t rep)
+    {
+        _fields.push_back({Token(name), rep});
+        _specs.back().fields.push_back(_fields.size() - 1);
+    }
+
+    /// Starts the prim "/name"; one prim per file.
+    void AddPrimSpec(const std::string& name) { _specs.push_back({int64_t(Token(name)), 6, {}}); }
+    /// Starts an attribute of the prim.
+    void AddAttributeSpec(const std::string& name) { _specs.push_back({-int64_t(Token(name)), 1, {}}); }
 
     /// The compressed-integer form the reader expects: u64 size + block.
     static std::string CompressedInts(const std::vector<int64_t>& values, size_t width = 4)
@@ -101,24 +112,35 @@ public:
             strings += Raw(s);
         }
         section("STRINGS", strings);
-        std::vector<int64_t> names, fieldSet;
+        std::vector<int64_t> names, fieldSets;
         std::string reps;
-        for (size_t i = 0; i != _fields.size(); ++i) {
-            names.push_back(_fields[i].first);
-            reps += Raw(_fields[i].second);
-            fieldSet.push_back(int64_t(i));
+        for (const auto& [name, rep] : _fields) {
+            names.push_back(name);
+            reps += Raw(rep);
         }
-        fieldSet.push_back(0xFFFFFFFF);
+        // Spec i has path i and the i-th field set.
+        std::vector<int64_t> pathIndices, elements, jumps, fieldSetStarts, specTypes;
+        for (size_t i = 0; i != _specs.size(); ++i) {
+            fieldSetStarts.push_back(int64_t(fieldSets.size()));
+            fieldSets.insert(fieldSets.end(), _specs[i].fields.begin(), _specs[i].fields.end());
+            fieldSets.push_back(0xFFFFFFFF);
+            pathIndices.push_back(int64_t(i));
+            elements.push_back(_specs[i].element);
+            specTypes.push_back(_specs[i].type);
+            // The root and the prim lead to their first child (-1); the
+            // attributes are siblings (0); the last entry is a leaf (-2).
+            const bool last = i + 1 == _specs.size();
+            jumps.push_back(last ? -2 : i < 2 ? -1 : 0);
+        }
         const std::string repBlock = Compressed(reps);
         section("FIELDS", Raw(uint64_t(_fields.size())) + CompressedInts(names) +
                               Raw(uint64_t(repBlock.size())) + repBlock);
-        section("FIELDSETS", Raw(uint64_t(fieldSet.size())) + CompressedInts(fieldSet));
-        // Just the absolute root: path 0, no element, a leaf (-2).
-        section("PATHS", Raw(uint64_t(1)) + Raw(uint64_t(1)) + CompressedInts({0}) +
-                             CompressedInts({0}) + CompressedInts({-2}));
-        // The pseudo-root (7) with field set 0.
-        section("SPECS", Raw(uint64_t(1)) + CompressedInts({0}) + CompressedInts({0}) +
-                             CompressedInts({7}));
+        section("FIELDSETS", Raw(uint64_t(fieldSets.size())) + CompressedInts(fieldSets));
+        section("PATHS", Raw(uint64_t(_specs.size())) + Raw(uint64_t(_specs.size())) +
+                             CompressedInts(pathIndices) + CompressedInts(elements) +
+                             CompressedInts(jumps));
+        section("SPECS", Raw(uint64_t(_specs.size())) + CompressedInts(pathIndices) +
+                             CompressedInts(fieldSetStarts) + CompressedInts(specTypes));
         const uint64_t tocOffset = file.size();
         file += Raw(uint64_t(toc.size()));
         for (const auto& [name, range] : toc) {
@@ -141,4 +163,11 @@ private:
     std::map<std::string, uint32_t> _tokenIndex;
     std::vector<uint32_t> _strings;
     std::vector<std::pair<uint32_t, uint64_t>> _fields;
+    struct Spec {
+        int64_t element;  // a token index, negated for a property
+        int64_t type;
+        std::vector<int64_t> fields;
+    };
+    // The pseudo-root (7) first.
+    std::vector<Spec> _specs{{0, 7, {}}};
 };

@@ -15,12 +15,15 @@
 #include "usdcore/sdf/listOp.h"
 #include "usdcore/sdf/payload.h"
 #include "usdcore/sdf/reference.h"
+#include "usdcore/sdf/layer.h"
 #include "usdcore/sdf/layerOffset.h"
 #include "usdcore/sdf/timeCode.h"
 #include "usdcore/sdf/types.h"
 #include "usdcore/tf/diagnostic.h"
 #include "usdcore/vt/array.h"
 #include "usdcore/vt/dictionary.h"
+#include "usdcore/usd/stage.h"
+#include "usdcore/usdGeom/xformable.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +38,7 @@ using B = CrateFileBuilder;
 
 enum : uint8_t {
     kBool = 1, kInt = 3, kInt64 = 5, kHalf = 7, kFloat = 8, kDouble = 9, kString = 10,
-    kToken = 11, kAssetPath = 12, kMatrix2d = 13, kMatrix4d = 15, kQuatf = 17, kVec3h = 25,
+    kToken = 11, kAssetPath = 12, kMatrix2d = 13, kMatrix4d = 15, kQuatf = 17, kVec3f = 24, kVec3h = 25,
     kDictionary = 31, kTokenListOp = 32, kReferenceListOp = 35, kTokenVector = 41, kSpecifier = 42, kVariability = 44,
     kVariantSelectionMap = 45, kTimeSamples = 46, kPayload = 47, kDoubleVector = 48,
     kValue = 52, kTimeCode = 56, kRelocates = 58,
@@ -210,6 +213,49 @@ TEST(CrateStoredValues, VectorsMapsAndTimeCodes)
               (std::vector<TfToken>{TfToken("x"), TfToken("y")}));
     EXPECT_EQ(layer.Field("variantSelection").Get<SdfVariantSelectionMap>().at("shading"), "red");
     EXPECT_EQ(double(layer.Field("time").Get<SdfTimeCode>()), 24.0);
+}
+
+TEST(CrateStoredValues, OlderTypeNamesNameTheTypesOfTheValuesTheyHold)
+{
+    // def Xform "P" { Vec3f xformOp:translate = (2.5, 0, 0); PointFloat[] p = [(1, 2, 3)] }
+    B b;
+    b.AddField("primChildren", B::Rep(kTokenVector, b.Append(B::Raw(uint64_t(1)) + B::Raw(b.Token("P")))));
+    b.AddPrimSpec("P");
+    b.AddField("specifier", B::Rep(kSpecifier, 0, true));
+    b.AddField("typeName", B::Rep(kToken, b.Token("Xform"), true));
+    b.AddField("properties", B::Rep(kTokenVector, b.Append(B::Raw(uint64_t(3)) +
+                                                           B::Raw(b.Token("xformOp:translate")) +
+                                                           B::Raw(b.Token("p")) + B::Raw(b.Token("xformOpOrder")))));
+    b.AddAttributeSpec("xformOp:translate");
+    b.AddField("typeName", B::Rep(kToken, b.Token("Vec3f"), true));
+    b.AddField("default", B::Rep(kVec3f, b.Append(B::Raw(2.5f) + B::Raw(0.f) + B::Raw(0.f))));
+    b.AddAttributeSpec("p");
+    b.AddField("typeName", B::Rep(kToken, b.Token("PointFloat[]"), true));
+    b.AddField("default", B::Rep(kVec3f, b.Append(B::Raw(uint64_t(1)) + B::Raw(1.f) + B::Raw(2.f) + B::Raw(3.f)),
+                                 false, true));
+    b.AddAttributeSpec("xformOpOrder");
+    b.AddField("typeName", B::Rep(kToken, b.Token("token[]"), true));
+    b.AddField("variability", B::Rep(kVariability, 1, true));
+    b.AddField("default", B::Rep(kToken, b.Append(B::Raw(uint64_t(1)) + B::Raw(b.Token("xformOp:translate"))),
+                                 false, true));
+    Layer layer = ReadOk(b);
+    const UsdStageRefPtr stage = UsdStage::Open(SdfLayerHandle(SdfLayer::CreateAnonymous("crate", layer.data)));
+    const UsdPrim prim = stage->GetPrimAtPath(SdfPath("/P"));
+    ASSERT_TRUE(prim);
+
+    const UsdAttribute translate = prim.GetAttribute(TfToken("xformOp:translate"));
+    EXPECT_EQ(translate.GetTypeName(), SdfValueTypeNames->Float3);
+    GfMatrix4d matrix;
+    bool resets = false;
+    EXPECT_TRUE(UsdGeomXformable(prim).GetLocalTransformation(&matrix, &resets));
+    EXPECT_EQ(matrix.ExtractTranslation(), GfVec3d(2.5, 0, 0));
+
+    const UsdAttribute points = prim.GetAttribute(TfToken("p"));
+    EXPECT_EQ(points.GetTypeName(), SdfValueTypeNames->Point3fArray);
+    EXPECT_EQ(points.GetRoleName(), SdfValueRoleNames->Point);
+    VtVec3fArray values;
+    EXPECT_TRUE(points.Get(&values));
+    EXPECT_EQ(values, VtVec3fArray{GfVec3f(1, 2, 3)});
 }
 
 TEST(CrateStoredValues, ReferencesCarryPathOffsetAndCustomData)

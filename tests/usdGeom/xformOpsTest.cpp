@@ -90,6 +90,11 @@ def Xform "Transform" {
     matrix4d xformOp:transform = ((0, 1, 0, 0), (-1, 0, 0, 0), (0, 0, 1, 0), (5, 6, 7, 1))
     uniform token[] xformOpOrder = ["xformOp:transform"]
 }
+def Xform "OlderTypeNames" {
+    Vec3f xformOp:translate = (2.5, 0, 0)
+    Quatd xformOp:orient = (0, 0, 0, 1)
+    uniform token[] xformOpOrder = ["xformOp:translate", "xformOp:orient"]
+}
 def Xform "WrongValueType" {
     float xformOp:translate = 3
     uniform token[] xformOpOrder = ["xformOp:translate"]
@@ -177,6 +182,20 @@ TEST_F(XformOps, OrientQuaternionIsRealFirst)
     ExpectNear(Moved("/OrientLong", GfVec3d(0, 1, 0)), GfVec3d(0, 0, 1));
     // (0, 0, 1, 0): a half turn about Y.
     ExpectNear(Moved("/OrientHalf", GfVec3d(1, 0, 1)), GfVec3d(-1, 0, -1));
+}
+
+TEST_F(XformOps, OlderTypeNamesAreTheOpsOfTheirTypes)
+{
+    // The op written last applies first: a half turn about Z, then the move:
+    // (1, 0, 0) -> (-1, 0, 0) -> (1.5, 0, 0).
+    ExpectNear(Moved("/OlderTypeNames", GfVec3d(1, 0, 0)), GfVec3d(1.5, 0, 0));
+    const UsdPrim prim = stage->GetPrimAtPath(SdfPath("/OlderTypeNames"));
+    const UsdGeomXformOp translate(prim.GetAttribute(TfToken("xformOp:translate")));
+    EXPECT_EQ(translate.GetTypeName(), SdfValueTypeNames->Float3);
+    EXPECT_EQ(translate.GetTypeName().GetAsToken(), TfToken("Vec3f"));
+    EXPECT_EQ(translate.GetPrecision(), UsdGeomXformOp::PrecisionFloat);
+    const UsdGeomXformOp orient(prim.GetAttribute(TfToken("xformOp:orient")));
+    EXPECT_EQ(orient.GetPrecision(), UsdGeomXformOp::PrecisionDouble);
 }
 
 TEST_F(XformOps, TransformIsTheMatrixAsAuthored)

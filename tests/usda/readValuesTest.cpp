@@ -131,6 +131,39 @@ TEST(UsdaAttributes, TypeNameVariabilityAndCustomAreFields)
               SdfVariabilityVarying);
 }
 
+TEST(UsdaAttributes, OlderTypeNamesReadAsTheirTypesAndAreKept)
+{
+    const struct {
+        const char* attribute;
+        VtValue expected;
+    } cases[] = {
+        {"Vec3f a = (2.5, 0, 0)", VtValue(GfVec3f(2.5f, 0.f, 0.f))},
+        {"Vec2i a = (1, -2)", VtValue(GfVec2i(1, -2))},
+        {"Vec4h[] a = [(1, 2, 0.5, -1)]", VtValue(VtArray<GfVec4h>{GfVec4h(1.f, 2.f, 0.5f, -1.f)})},
+        {"Point a = (1, 2, 3)", VtValue(GfVec3d(1, 2, 3))},
+        {"PointFloat[] a = [(1, 2, 3), (4, 5, 6)]", VtValue(VtVec3fArray{GfVec3f(1, 2, 3), GfVec3f(4, 5, 6)})},
+        {"NormalFloat a = (0, 1, 0)", VtValue(GfVec3f(0, 1, 0))},
+        {"Color a = (0.5, 0.25, 1)", VtValue(GfVec3d(0.5, 0.25, 1))},
+        {"Quatf a = (0.5, 1, 2, 3)", VtValue(GfQuatf(0.5f, 1.f, 2.f, 3.f))},
+        {"Matrix2d a = ((1, 2), (3, 4))", VtValue(GfMatrix2d(1, 2, 3, 4))},
+        {"Transform a = ((2, 0, 0, 0), (0, 2, 0, 0), (0, 0, 2, 0), (1, 2, 3, 1))",
+         VtValue(GfMatrix4d(2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 1, 2, 3, 1))},
+        {"PointIndex a = 7", VtValue(7)},
+        {"FaceIndex[] a = [0, 3]", VtValue(VtIntArray{0, 3})},
+    };
+    for (const auto& c : cases) {
+        TfDiagnosticCapture capture;
+        const SdfData data = ReadAttribute(c.attribute);
+        EXPECT_TRUE(capture.GetDiagnostics().empty()) << c.attribute;
+        EXPECT_EQ(data.Get(SdfPath("/P.a"), SdfFieldKeys->Default), c.expected) << c.attribute;
+        // The layer keeps the name as written, as OpenUSD's reader does.
+        const std::string written(c.attribute);
+        EXPECT_EQ(Field<TfToken>(data, "/P.a", SdfFieldKeys->TypeName), TfToken(written.substr(0, written.find(' '))));
+    }
+    const SdfData samples = ReadAttribute("Vec3d a.timeSamples = { 1: (1, 2, 3) }");
+    EXPECT_EQ(Field<SdfTimeSampleMap>(samples, "/P.a", SdfFieldKeys->TimeSamples).at(1.0), VtValue(GfVec3d(1, 2, 3)));
+}
+
 TEST(UsdaAttributes, NoneIsAValueBlock)
 {
     EXPECT_TRUE(ReadAttribute("float a = None").Get(SdfPath("/P.a"), SdfFieldKeys->Default).IsHolding<SdfValueBlock>());
@@ -145,7 +178,7 @@ def "P" {
     flaot[] w = [0.5, (1, "x"), @a.png@, </P>, -inf] (
         interpolation = "vertex"
     )
-    Vec3f t.timeSamples = { 1: (0, 0, 1), 2: None }
+    Vec5f t.timeSamples = { 1: (0, 0, 1), 2: None }
     float after = 2
 }
 )",

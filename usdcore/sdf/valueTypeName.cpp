@@ -5,6 +5,7 @@
 #include "usdcore/sdf/valueTypeRegistry.h"
 #include "usdcore/vt/types.h"
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -17,11 +18,18 @@ PXR_NAMESPACE_OPEN_SCOPE
 
 TF_DEFINE_PUBLIC_TOKENS(SdfValueRoleNames, SDF_VALUE_ROLE_NAME_TOKENS);
 
-struct Sdf_ValueTypeImpl {
-    TfToken name;
+// What names of one C++ type and role share: one per scalar or array type.
+struct Sdf_ValueCoreType {
     std::string cppTypeName;
     TfToken role;
     VtValue defaultValue;
+    // The current name first, then older ones.
+    std::vector<TfToken> aliases;
+};
+
+struct Sdf_ValueTypeImpl {
+    TfToken name;
+    const Sdf_ValueCoreType* type = nullptr;
     const Sdf_ValueTypeImpl* scalar = nullptr;
     const Sdf_ValueTypeImpl* array = nullptr;
 };
@@ -71,10 +79,16 @@ class Registry
 public:
     Registry()
     {
+        // The current names first, so that each type's first alias is its
+        // current name.
 #define SDF_REGISTER_VALUE_TYPE_(member, name, type, role)                    \
     Add<type>(name, #type, TfToken(#role));
         SDF_VALUE_TYPES(SDF_REGISTER_VALUE_TYPE_)
 #undef SDF_REGISTER_VALUE_TYPE_
+#define SDF_REGISTER_LEGACY_VALUE_TYPE_(name, type, role)                     \
+    Add<type>(name, #type, TfToken(#role));
+        SDF_LEGACY_VALUE_TYPES(SDF_REGISTER_LEGACY_VALUE_TYPE_)
+#undef SDF_REGISTER_LEGACY_VALUE_TYPE_
     }
 
     const Sdf_ValueTypeImpl* Find(const TfToken& name) const
@@ -83,10 +97,11 @@ public:
         return found == _byName.end() ? nullptr : found->second;
     }
 
+    // The type of the current name of the core type.
     const Sdf_ValueTypeImpl* Find(const std::type_info& type, const TfToken& role) const
     {
-        auto found = _byType.find({std::type_index(type), role});
-        return found == _byType.end() ? nullptr : found->second;
+        auto found = _coreTypes.find({std::type_index(type), role});
+        return found == _coreTypes.end() ? nullptr : Find(found->second.aliases.front());
     }
 
     const std::deque<Sdf_ValueTypeImpl>& All() const { return _impls; }
@@ -97,29 +112,37 @@ private:
     {
         Sdf_ValueTypeImpl& scalar = _impls.emplace_back();
         scalar.name = TfToken(name);
-        scalar.cppTypeName = cppTypeName;
-        scalar.role = role;
-        scalar.defaultValue = VtValue(DefaultOf<T>());
+        scalar.type = CoreType<T>(scalar.name, cppTypeName, role, VtValue(DefaultOf<T>()));
         Sdf_ValueTypeImpl& array = _impls.emplace_back();
         array.name = TfToken(std::string(name) + "[]");
-        array.cppTypeName = "VtArray<" + std::string(cppTypeName) + ">";
-        array.role = role;
-        array.defaultValue = VtValue(VtArray<T>());
+        array.type = CoreType<VtArray<T>>(array.name, "VtArray<" + std::string(cppTypeName) + ">", role,
+                                          VtValue(VtArray<T>()));
         scalar.scalar = array.scalar = &scalar;
         scalar.array = array.array = &array;
-        Index(scalar, typeid(T));
-        Index(array, typeid(VtArray<T>));
+        _byName.emplace(scalar.name, &scalar);
+        _byName.emplace(array.name, &array);
     }
 
-    void Index(const Sdf_ValueTypeImpl& impl, const std::type_info& type)
+    // The core type of \p T and \p role, made at its first name; later
+    // names become its aliases.
+    template <class T>
+    const Sdf_ValueCoreType* CoreType(const TfToken& name, const std::string& cppTypeName, const TfToken& role,
+                                      VtValue defaultValue)
     {
-        _byName.emplace(impl.name, &impl);
-        _byType.emplace(std::make_pair(std::type_index(type), impl.role), &impl);
+        Sdf_ValueCoreType& core = _coreTypes[{std::type_index(typeid(T)), role}];
+        if (core.aliases.empty()) {
+            core.cppTypeName = cppTypeName;
+            core.role = role;
+            core.defaultValue = std::move(defaultValue);
+        }
+        core.aliases.push_back(name);
+        return &core;
     }
 
+    // Node-based containers: the names point into them.
     std::deque<Sdf_ValueTypeImpl> _impls;
+    std::map<std::pair<std::type_index, TfToken>, Sdf_ValueCoreType> _coreTypes;
     std::unordered_map<TfToken, const Sdf_ValueTypeImpl*, TfToken::HashFunctor> _byName;
-    std::map<std::pair<std::type_index, TfToken>, const Sdf_ValueTypeImpl*> _byType;
 };
 
 const Registry& GetRegistry()
@@ -161,21 +184,27 @@ TfToken SdfValueTypeName::GetAsToken() const
     return _impl ? _impl->name : TfToken();
 }
 
+const std::vector<TfToken>& SdfValueTypeName::GetAliasesAsTokens() const
+{
+    static const std::vector<TfToken>* none = new std::vector<TfToken>;
+    return _impl ? _impl->type->aliases : *none;
+}
+
 const std::string& SdfValueTypeName::GetCPPTypeName() const
 {
-    return _impl ? _impl->cppTypeName : EmptyString();
+    return _impl ? _impl->type->cppTypeName : EmptyString();
 }
 
 const TfToken& SdfValueTypeName::GetRole() const
 {
     static const TfToken empty;
-    return _impl ? _impl->role : empty;
+    return _impl ? _impl->type->role : empty;
 }
 
 const VtValue& SdfValueTypeName::GetDefaultValue() const
 {
     static const VtValue* empty = new VtValue;
-    return _impl ? _impl->defaultValue : *empty;
+    return _impl ? _impl->type->defaultValue : *empty;
 }
 
 SdfValueTypeName SdfValueTypeName::GetScalarType() const
@@ -200,17 +229,25 @@ bool SdfValueTypeName::IsArray() const
 
 size_t SdfValueTypeName::GetHash() const
 {
-    return std::hash<const void*>()(_impl);
+    return std::hash<const void*>()(_impl ? _impl->type : nullptr);
+}
+
+bool SdfValueTypeName::operator==(const SdfValueTypeName& rhs) const
+{
+    // One registry makes one core type per C++ type and role.
+    return (_impl ? _impl->type : nullptr) == (rhs._impl ? rhs._impl->type : nullptr);
 }
 
 bool SdfValueTypeName::operator==(const std::string& rhs) const
 {
-    return _impl && _impl->name == rhs;
+    const std::vector<TfToken>& aliases = GetAliasesAsTokens();
+    return std::find(aliases.begin(), aliases.end(), rhs) != aliases.end();
 }
 
 bool SdfValueTypeName::operator==(const TfToken& rhs) const
 {
-    return _impl && _impl->name == rhs;
+    const std::vector<TfToken>& aliases = GetAliasesAsTokens();
+    return std::find(aliases.begin(), aliases.end(), rhs) != aliases.end();
 }
 
 std::ostream& operator<<(std::ostream& out, const SdfValueTypeName& name)

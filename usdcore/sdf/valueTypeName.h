@@ -69,6 +69,44 @@
     X(TexCoord3f, "texCoord3f", GfVec3f, TextureCoordinate)                   \
     X(TexCoord3d, "texCoord3d", GfVec3d, TextureCoordinate)
 
+// The names older layers carry, still read: X("name in layers", C++ type,
+// role). A name whose C++ type and role are those of a type above is
+// another name of that type ("Vec3f" is float3, "Point" point3d); the
+// others are types of their own that no newer name spells ("Transform",
+// "PointIndex"...).
+#define SDF_LEGACY_VALUE_TYPES(X)                                             \
+    X("Vec2i", GfVec2i, )                                                     \
+    X("Vec2h", GfVec2h, )                                                     \
+    X("Vec2f", GfVec2f, )                                                     \
+    X("Vec2d", GfVec2d, )                                                     \
+    X("Vec3i", GfVec3i, )                                                     \
+    X("Vec3h", GfVec3h, )                                                     \
+    X("Vec3f", GfVec3f, )                                                     \
+    X("Vec3d", GfVec3d, )                                                     \
+    X("Vec4i", GfVec4i, )                                                     \
+    X("Vec4h", GfVec4h, )                                                     \
+    X("Vec4f", GfVec4f, )                                                     \
+    X("Vec4d", GfVec4d, )                                                     \
+    X("Point", GfVec3d, Point)                                                \
+    X("PointFloat", GfVec3f, Point)                                           \
+    X("Normal", GfVec3d, Normal)                                              \
+    X("NormalFloat", GfVec3f, Normal)                                         \
+    X("Vector", GfVec3d, Vector)                                              \
+    X("VectorFloat", GfVec3f, Vector)                                         \
+    X("Color", GfVec3d, Color)                                                \
+    X("ColorFloat", GfVec3f, Color)                                           \
+    X("Quath", GfQuath, )                                                     \
+    X("Quatf", GfQuatf, )                                                     \
+    X("Quatd", GfQuatd, )                                                     \
+    X("Matrix2d", GfMatrix2d, )                                               \
+    X("Matrix3d", GfMatrix3d, )                                               \
+    X("Matrix4d", GfMatrix4d, )                                               \
+    X("Frame", GfMatrix4d, Frame)                                             \
+    X("Transform", GfMatrix4d, Transform)                                     \
+    X("PointIndex", int, PointIndex)                                          \
+    X("EdgeIndex", int, EdgeIndex)                                            \
+    X("FaceIndex", int, FaceIndex)
+
 #define SDF_VALUE_ROLE_NAME_TOKENS(X)                                         \
     X(Point, "Point")                                                         \
     X(Normal, "Normal")                                                       \
@@ -91,14 +129,17 @@ struct Sdf_ValueTypeImpl;
 /// The type of an attribute's value as layers name it: the C++ type it
 /// holds plus a role ("point3f" and "float3" both hold GfVec3f). Names are
 /// registered once (SdfValueTypeNames, SdfSchema::FindType); a
-/// default-constructed name is invalid.
+/// default-constructed name is invalid. Two names of one C++ type and role
+/// ("float3" and the older "Vec3f") are one type: they compare equal.
 class SdfValueTypeName
 {
 public:
     SdfValueTypeName() = default;
 
-    /// "float3", "point3f[]"...
+    /// The name this one was found by: "float3", "point3f[]", "Vec3f"...
     TfToken GetAsToken() const;
+    /// Every name of this type, the current one first ("float3", "Vec3f").
+    const std::vector<TfToken>& GetAliasesAsTokens() const;
     /// "GfVec3f", "VtArray<GfVec3f>"...
     const std::string& GetCPPTypeName() const;
     /// The role token ("Point", "Color"...), empty for none.
@@ -115,8 +156,9 @@ public:
     size_t GetHash() const;
 
     explicit operator bool() const { return _impl != nullptr; }
-    bool operator==(const SdfValueTypeName& rhs) const { return _impl == rhs._impl; }
-    bool operator!=(const SdfValueTypeName& rhs) const { return _impl != rhs._impl; }
+    bool operator==(const SdfValueTypeName& rhs) const;
+    bool operator!=(const SdfValueTypeName& rhs) const { return !(*this == rhs); }
+    /// True when \p rhs is one of the type's names.
     bool operator==(const std::string& rhs) const;
     bool operator!=(const std::string& rhs) const { return !(*this == rhs); }
     bool operator==(const TfToken& rhs) const;

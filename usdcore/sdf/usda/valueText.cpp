@@ -180,16 +180,35 @@ bool ParseValue(Sdf_TextCursor& c, bool isArray, VtValue* out)
 // Held in a struct: a bare function pointer taking VtValue would drag
 // VtValue's comparison templates into lookups on the map's iterators.
 struct Parser {
-    bool (*parse)(Sdf_TextCursor&, bool, VtValue*);
+    bool (*parse)(Sdf_TextCursor&, bool, VtValue*) = nullptr;
+    bool isArray = false;
 };
 
+// Every name the value type registry knows, older names too, to the reader
+// of its C++ type: the registry alone says which names there are. The keys
+// view the registry's names, which live as long as the process.
 const std::unordered_map<std::string_view, Parser>& ParsersByName()
 {
-#define SDF_USDA_PARSER_ENTRY_(member, name, type, role) {name, {&ParseValue<type>}},
-    static const std::unordered_map<std::string_view, Parser> parsers{
-        SDF_VALUE_TYPES(SDF_USDA_PARSER_ENTRY_)};
+    static const std::unordered_map<std::string_view, Parser>* parsers = [] {
+#define SDF_USDA_PARSER_ENTRY_(member, name, type, role) {std::type_index(typeid(type)), {&ParseValue<type>}},
+        const std::unordered_map<std::type_index, Parser> byCppType{SDF_VALUE_TYPES(SDF_USDA_PARSER_ENTRY_)};
 #undef SDF_USDA_PARSER_ENTRY_
-    return parsers;
+        auto* byName = new std::unordered_map<std::string_view, Parser>;
+        for (const SdfValueTypeName& type : SdfSchema::GetInstance().GetAllTypes()) {
+            const auto cppType = byCppType.find(std::type_index(type.GetScalarType().GetDefaultValue().GetType()));
+            if (cppType != byCppType.end()) {
+                (*byName)[type.GetAsToken().GetString()] = Parser{cppType->second.parse, type.IsArray()};
+            }
+        }
+        return byName;
+    }();
+    return *parsers;
+}
+
+const Parser* FindParser(std::string_view typeName)
+{
+    const auto found = ParsersByName().find(typeName);
+    return found == ParsersByName().end() ? nullptr : &found->second;
 }
 
 // ---------------------------------------------------------------- writing
@@ -351,20 +370,16 @@ bool Sdf_ParseUnregisteredValue(Sdf_TextCursor& cursor, VtValue* out)
 
 bool Sdf_IsKnownValueTypeName(std::string_view typeName)
 {
-    return ParsersByName().count(typeName) != 0;
+    return FindParser(typeName) != nullptr;
 }
 
 bool Sdf_ParseTypedValue(Sdf_TextCursor& cursor, std::string_view typeName, VtValue* out)
 {
-    const bool isArray = typeName.size() > 2 && typeName.substr(typeName.size() - 2) == "[]";
-    if (isArray) {
-        typeName.remove_suffix(2);
-    }
-    const auto found = ParsersByName().find(typeName);
-    if (found == ParsersByName().end()) {
+    const Parser* parser = FindParser(typeName);
+    if (!parser) {
         return cursor.Fail("unknown value type '" + std::string(typeName) + "'");
     }
-    return found->second.parse(cursor, isArray, out);
+    return parser->parse(cursor, parser->isArray, out);
 }
 
 bool Sdf_ParseDictionary(Sdf_TextCursor& cursor, VtDictionary* out, int depth)
