@@ -29,13 +29,38 @@ bool ReadCollapsingGroups(CTavrinArchiveBase& archive, CollapsingGroupMap& group
     if (!archive.ReadWrite(groupCount))
         return false;
     for (unsigned int i = 0; i < groupCount; ++i) {
-        auto group = std::make_unique<CTavrinAnimationCollapsingGroup>();
-        if (!group->ReadRecord(archive))
+        CTavrinAnimationCollapsingGroup group;
+        if (!group.ReadRecord(archive))
             return false;
-        const CTavrinUUID uuid = group->Guid();
-        groups[uuid] = std::move(group);
+        // A group read under the UUID of one already held takes over that
+        // object rather than its place in the map: the current group, and any
+        // group the application holds, must stay alive whether or not the rest
+        // of the record can be read.
+        const CTavrinUUID uuid = group.Guid();
+        const auto held = groups.find(uuid);
+        if (held != groups.end())
+            *held->second = std::move(group);
+        else
+            groups.emplace(uuid, std::make_unique<CTavrinAnimationCollapsingGroup>(std::move(group)));
     }
-    return defaultGroup.ReadRecord(archive) && archive.ReadWrite(current);
+    // Read into a copy, so that a record cut short leaves the default group
+    // as it was rather than half read.
+    CTavrinAnimationCollapsingGroup readDefaultGroup = defaultGroup;
+    if (!readDefaultGroup.ReadRecord(archive))
+        return false;
+    defaultGroup = std::move(readDefaultGroup);
+    return archive.ReadWrite(current);
+}
+
+bool HoldsCollapsingGroup(const CollapsingGroupMap& groups, const CTavrinAnimationCollapsingGroup& defaultGroup,
+                          const CTavrinAnimationCollapsingGroup* group) {
+    if (group == &defaultGroup)
+        return true;
+    for (const auto& entry : groups) {
+        if (entry.second.get() == group)
+            return true;
+    }
+    return false;
 }
 
 CTavrinAnimationCollapsingGroup* CreateCollapsingGroup(CollapsingGroupMap& groups, int& counter) {

@@ -20,10 +20,17 @@ bool WriteCollapsingGroups(CTavrinArchiveBase& archive, CollapsingGroupMap& grou
                            const CTavrinAnimationCollapsingGroup* current,
                            const std::function<bool(const CTavrinUUID&)>& isWritten);
 
-// Reads what WriteCollapsingGroups wrote: each group read replaces the one
-// under its UUID; current receives the UUID of the current group.
+// Reads what WriteCollapsingGroups wrote: each group read replaces the
+// content of the one under its UUID, in place; current receives the UUID of
+// the current group. Groups are never destroyed, so a read that fails leaves
+// every group pointer valid.
 bool ReadCollapsingGroups(CTavrinArchiveBase& archive, CollapsingGroupMap& groups,
                           CTavrinAnimationCollapsingGroup& defaultGroup, CTavrinUUID& current);
+
+// Whether group is one of a container's own, found by address alone, so that
+// a pointer to a group already gone may be asked about.
+bool HoldsCollapsingGroup(const CollapsingGroupMap& groups, const CTavrinAnimationCollapsingGroup& defaultGroup,
+                          const CTavrinAnimationCollapsingGroup* group);
 
 // A new group "Group " + the next value of counter, with a fresh UUID and
 // the next order index, owned by groups.

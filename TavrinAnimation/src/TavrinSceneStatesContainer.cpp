@@ -18,8 +18,7 @@ CTavrinSceneStatesContainer::CTavrinSceneStatesContainer()
 
 CTavrinSceneStatesContainer::~CTavrinSceneStatesContainer() {
     // The current group must not outlive the container that owns it.
-    if (s_currentSceneStatesGroup == m_defaultGroup.get() ||
-        (s_currentSceneStatesGroup && FindGroup(s_currentSceneStatesGroup->Guid()) == s_currentSceneStatesGroup))
+    if (HoldsCollapsingGroup(m_groups, *m_defaultGroup, s_currentSceneStatesGroup))
         s_currentSceneStatesGroup = nullptr;
 }
 

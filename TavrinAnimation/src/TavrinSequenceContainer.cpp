@@ -4,6 +4,8 @@
 #include "TavrinAnimation/src/TavrinProcessWideInstance.h"
 #include "host/CTavrinArchive.h"
 
+#include <algorithm>
+
 namespace Tavrin {
 
 namespace {
@@ -19,7 +21,7 @@ CTavrinSequenceContainer::CTavrinSequenceContainer()
 
 CTavrinSequenceContainer::~CTavrinSequenceContainer() {
     // The current group must not outlive the container that owns it.
-    if (s_currentGroup == m_defaultGroup.get() || (s_currentGroup && FindGroup(s_currentGroup->Guid()) == s_currentGroup))
+    if (HoldsCollapsingGroup(m_groups, *m_defaultGroup, s_currentGroup))
         s_currentGroup = nullptr;
 }
 
@@ -46,6 +48,11 @@ void CTavrinSequenceContainer::AddSequence(CTavrinSequence* sequence) {
     if (!m_accumulate)
         m_recentlyAdded.clear();
     m_recentlyAdded.push_back(sequence);
+}
+
+void CTavrinSequenceContainer::ForgetRecentlyAdded(const CTavrinSequence* sequence) {
+    m_recentlyAdded.erase(std::remove(m_recentlyAdded.begin(), m_recentlyAdded.end(), sequence),
+                          m_recentlyAdded.end());
 }
 
 CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::CreateGroup() {
@@ -95,7 +102,12 @@ bool CTavrinSequenceContainer::ReadFromArchive(CTavrinArchiveBase& archive) {
         read = sequence != nullptr;
         if (!read)
             break;
-        m_sequences[sequence->Guid()] = sequence;
+        CTavrinSequencePtr& registered = m_sequences[sequence->Guid()];
+        // The recently added list holds no references: a sequence about to
+        // be replaced, and so perhaps destroyed, must leave it first.
+        if (registered)
+            ForgetRecentlyAdded(registered.get());
+        registered = sequence;
         if (!sequence->GroupGuid().IsValid())
             m_defaultGroupSequences.push_back(sequence);
     }

@@ -44,6 +44,8 @@ public:
     static void SetCurrentGroup(CTavrinAnimationCollapsingGroup* group);
 
 private:
+    void ForgetRecentlyAdded(const CTavrinSequence* sequence);
+
     std::map<CTavrinUUID, CTavrinSequencePtr> m_sequences;
     std::unique_ptr<CTavrinAnimationCollapsingGroup> m_defaultGroup;
     CollapsingGroupMap m_groups;

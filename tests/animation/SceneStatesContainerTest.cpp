@@ -145,3 +145,39 @@ TEST_F(SceneStates, ShortRecordFailsAndKeepsTheStatesReadBefore) {
     EXPECT_FALSE(read.ReadFromArchive(reader.archive()));
     EXPECT_EQ(read.SceneStates().size(), 1u);
 }
+
+// The scene-states container only ever writes its default group as the
+// current one; a document written by the application may name another.
+TEST_F(SceneStates, ReadFailingAtTheEndLeavesTheCurrentGroupUsable) {
+    Registered()->SetGroup(container().CreateGroup());
+    const CTavrinUUID groupGuid = container().SceneStates().begin()->second->GroupGuid();
+    TestWriter writer(NewestArchiveVersion);
+    ASSERT_TRUE(container().WriteIntoArchive(writer.archive()));
+    std::vector<std::uint8_t> bytes = writer.Bytes();
+    TestWriter defaultGuid(NewestArchiveVersion);
+    CTavrinUUID none;
+    ASSERT_TRUE(defaultGuid.archive().ReadWrite(none));
+    bytes.resize(bytes.size() - defaultGuid.Bytes().size());
+    TestWriter currentGuid(NewestArchiveVersion);
+    CTavrinUUID current = groupGuid;
+    ASSERT_TRUE(currentGuid.archive().ReadWrite(current));
+    const std::vector<std::uint8_t> currentBytes = currentGuid.Bytes();
+    bytes.insert(bytes.end(), currentBytes.begin(), currentBytes.end());
+
+    FileVersionScope file(NewestArchiveVersion);
+    {
+        TestReader reader(bytes, NewestArchiveVersion);
+        ASSERT_TRUE(container().ReadFromArchive(reader.archive()));
+    }
+    ASSERT_EQ(CTavrinSceneStatesContainer::CurrentGroup(), container().FindGroup(groupGuid));
+    // The same record again, cut within its last UUID: the group is read
+    // again, in the place of the current one, before the read fails.
+    bytes.pop_back();
+    TestReader reader(bytes, NewestArchiveVersion);
+    EXPECT_FALSE(container().ReadFromArchive(reader.archive()));
+    CTavrinAnimationCollapsingGroup* after = CTavrinSceneStatesContainer::CurrentGroup();
+    if (after) {
+        EXPECT_EQ(after->Guid(), groupGuid);
+        EXPECT_EQ(container().FindGroup(after->Guid()), after);
+    }
+}

@@ -207,3 +207,35 @@ TEST_F(SequenceArchive, ContainerReadStopsAtAFailingSequence) {
     ASSERT_EQ(read.Sequences().size(), 1u);
     EXPECT_EQ(read.Sequences().begin()->second->Name(), container().Sequences().begin()->second->Name());
 }
+
+// Reading a document into the container that wrote it replaces its groups and
+// sequences under the same UUIDs. A read that fails after that must leave
+// nothing pointing at what was replaced: the current group and the recently
+// added list are used long after the failed read.
+TEST_F(SequenceArchive, ContainerReadFailingAtTheEndLeavesNothingDangling) {
+    CTavrinSequence* sequence = Registered("walk");
+    CTavrinAnimationCollapsingGroup* group = container().CreateGroup();
+    group->SetCaption(CTavrinString("Walks"));
+    sequence->SetGroup(group);
+    CTavrinSequenceContainer::SetCurrentGroup(group);
+    TestWriter writer(NewestArchiveVersion);
+    ASSERT_TRUE(container().WriteIntoArchive(writer.archive()));
+    // Everything but the last byte of the current group's UUID.
+    std::vector<std::uint8_t> bytes = writer.Bytes();
+    bytes.pop_back();
+
+    FileVersionScope file(NewestArchiveVersion);
+    TestReader reader(bytes, NewestArchiveVersion);
+    EXPECT_FALSE(container().ReadFromArchive(reader.archive()));
+
+    CTavrinAnimationCollapsingGroup* current = CTavrinSequenceContainer::CurrentGroup();
+    if (current) {
+        EXPECT_EQ(current->Caption(), CTavrinString("Walks"));
+        EXPECT_EQ(container().FindGroup(current->Guid()), current);
+    }
+    for (CTavrinSequence* recent : container().RecentlyAdded())
+        EXPECT_EQ(container().FindSequence(recent->Guid()), recent);
+    TestWriter rewritten(NewestArchiveVersion);
+    EXPECT_TRUE(container().WriteIntoArchive(rewritten.archive()));
+    EXPECT_EQ(rewritten.Bytes(), writer.Bytes());
+}
