@@ -5,6 +5,7 @@
 
 #include "usdTestUtils.h"
 
+#include "usdcore/sdf/assetPath.h"
 #include "usdcore/sdf/listOp.h"
 #include "usdcore/sdf/schema.h"
 #include "usdcore/gf/vec3f.h"
@@ -54,6 +55,19 @@ std::vector<std::string> ExplicitPaths(const SdfData& data, const std::string& p
     return Paths(listOp.GetExplicitItems());
 }
 
+// Asset paths as written: where they are found depends on the file that
+// holds them, which flattening moves.
+void KeepAuthoredAssetPaths(VtValue* value)
+{
+    if (value->IsHolding<SdfAssetPath>()) {
+        *value = SdfAssetPath(value->UncheckedGet<SdfAssetPath>().GetAssetPath());
+    } else if (value->IsHolding<VtArray<SdfAssetPath>>()) {
+        VtArray<SdfAssetPath> paths = value->UncheckedGet<VtArray<SdfAssetPath>>();
+        for (SdfAssetPath& path : paths) path = SdfAssetPath(path.GetAssetPath());
+        *value = paths;
+    }
+}
+
 // A value read from both stages at one time: both absent, or equal.
 void ExpectSameValue(const UsdAttribute& expected, const UsdAttribute& actual, UsdTimeCode time)
 {
@@ -62,6 +76,8 @@ void ExpectSameValue(const UsdAttribute& expected, const UsdAttribute& actual, U
     const bool hasExpected = expected.Get(&expectedValue, time);
     ASSERT_EQ(hasExpected, actual.Get(&actualValue, time)) << expected.GetPath().GetString();
     if (!hasExpected) return;
+    KeepAuthoredAssetPaths(&expectedValue);
+    KeepAuthoredAssetPaths(&actualValue);
     if (expectedValue.GetTypeName() == actualValue.GetTypeName()) {
         EXPECT_EQ(expectedValue, actualValue) << expected.GetPath().GetString() << " at " << time.GetValue();
         return;

@@ -1,8 +1,10 @@
 #include "usdcore/usd/attribute.h"
 
+#include "usdcore/sdf/assetPath.h"
 #include "usdcore/sdf/schema.h"
 #include "usdcore/tf/diagnostic.h"
 #include "usdcore/usd/interpolation.h"
+#include "usdcore/usd/layerStack.h"
 #include "usdcore/usd/primData.h"
 #include "usdcore/usd/relationship.h"
 #include "usdcore/usd/schemaRegistry.h"
@@ -17,6 +19,8 @@ struct UsdAttribute::_Resolution {
     const SdfTimeSampleMap* samples = nullptr;
     /// Maps the deciding layer's times to the stage's.
     SdfLayerOffset offset;
+    /// The layer of the deciding spec, which anchors asset paths.
+    const SdfLayer* layer = nullptr;
     /// A value block decided: no value, not even the schema's fallback.
     bool blocked = false;
 };
@@ -55,6 +59,23 @@ bool ValueAt(const SdfTimeSampleMap& samples, double time, VtValue* value)
     return true;
 }
 
+// Asset paths come out with where they are found, anchored at the layer
+// whose opinion gave them, as OpenUSD hands them out: a path written in a
+// sublayer or a referenced file in another folder stays relative to it.
+void ResolveAssetPaths(const SdfLayer& layer, VtValue* value)
+{
+    if (value->IsHolding<SdfAssetPath>()) {
+        const std::string path = value->UncheckedGet<SdfAssetPath>().GetAssetPath();
+        *value = SdfAssetPath(path, Usd_ResolveAssetPath(layer, path));
+    } else if (value->IsHolding<VtArray<SdfAssetPath>>()) {
+        VtArray<SdfAssetPath> paths = value->UncheckedGet<VtArray<SdfAssetPath>>();
+        for (SdfAssetPath& path : paths) {
+            path = SdfAssetPath(path.GetAssetPath(), Usd_ResolveAssetPath(layer, path.GetAssetPath()));
+        }
+        *value = paths;
+    }
+}
+
 } // namespace
 
 UsdAttribute::_Resolution UsdAttribute::_Resolve(bool numericTime) const
@@ -69,6 +90,7 @@ UsdAttribute::_Resolution UsdAttribute::_Resolve(bool numericTime) const
                 !samples->UncheckedGet<SdfTimeSampleMap>().empty()) {
                 resolution.samples = &samples->UncheckedGet<SdfTimeSampleMap>();
                 resolution.offset = opinion.offset;
+                resolution.layer = opinion.layer;
                 return false;
             }
         }
@@ -78,6 +100,7 @@ UsdAttribute::_Resolution UsdAttribute::_Resolve(bool numericTime) const
             resolution.blocked = true;
         } else {
             resolution.defaultValue = value;
+            resolution.layer = opinion.layer;
         }
         return false;
     });
@@ -88,10 +111,13 @@ bool UsdAttribute::Get(VtValue* value, UsdTimeCode time) const
 {
     const _Resolution resolution = _Resolve(time.IsNumeric());
     if (resolution.samples) {
-        return ValueAt(*resolution.samples, resolution.offset.GetInverse() * time.GetValue(), value);
+        if (!ValueAt(*resolution.samples, resolution.offset.GetInverse() * time.GetValue(), value)) return false;
+        ResolveAssetPaths(*resolution.layer, value);
+        return true;
     }
     if (resolution.defaultValue) {
         *value = *resolution.defaultValue;
+        ResolveAssetPaths(*resolution.layer, value);
         return true;
     }
     if (resolution.blocked) return false;

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -41,6 +43,27 @@ std::string Usd_AnchorAssetPath(const SdfLayer& layer, const std::string& assetP
         }
     }
     return SdfAnchorAssetPath(identifier, assetPath);
+}
+
+std::string Usd_ResolveAssetPath(const SdfLayer& layer, const std::string& assetPath)
+{
+    if (assetPath.empty()) {
+        return std::string();
+    }
+    const std::string anchored = AbsoluteLayerPath(Usd_AnchorAssetPath(layer, assetPath));
+    std::error_code error;
+    const std::string file = ArSplitPackageRelativePathOuter(anchored).first;
+    if (!std::filesystem::exists(file, error)) {
+        return std::string();
+    }
+    if (!ArIsPackageRelativePath(anchored)) {
+        return anchored;
+    }
+    // The outer file exists, so a package that fails to open is worth its
+    // diagnostic; the entry itself may simply be absent.
+    const auto [package, inner] = ArSplitPackageRelativePathInner(anchored);
+    const auto opened = SdfUsdzPackage::Open(package);
+    return opened && opened->FindEntry(inner) ? anchored : std::string();
 }
 
 SdfLayerRefPtr Usd_LayerCache::_OpenLayer(const std::string& layerPath)

@@ -41,6 +41,13 @@ private:
 /// package ("scene.usdz[textures/wood.png]").
 std::string Usd_AnchorAssetPath(const SdfLayer& layer, const std::string& assetPath);
 
+/// Where the asset path \p assetPath, written in \p layer, is found, as
+/// OpenUSD's default resolver answers: the anchored path, made absolute,
+/// when a file or folder is there, or when it names an entry that its
+/// package holds ("/x/scene.usdz[textures/wood.png]"); empty when it is
+/// found nowhere. Search paths and the current directory are not consulted.
+std::string Usd_ResolveAssetPath(const SdfLayer& layer, const std::string& assetPath);
+
 /// Stretches offset, which maps the times of a layer counting innerLayer's
 /// time codes per second into outerLayer's, by the ratio of the two rates.
 /// Rates that give no finite positive ratio leave it alone.
