@@ -9,6 +9,8 @@
 
 #include "usdcore/usdGeom/xform.h"
 
+#include <cmath>
+
 using namespace geomtest;
 
 namespace {
@@ -80,6 +82,10 @@ def Xform "Orient" {
 }
 def Xform "OrientLong" {
     quatd xformOp:orient = (2, 2, 0, 0)
+    uniform token[] xformOpOrder = ["xformOp:orient"]
+}
+def Xform "OrientNearlyUnit" {
+    quatd xformOp:orient = (0.707, 0, 0, 0.707)
     uniform token[] xformOpOrder = ["xformOp:orient"]
 }
 def Xform "OrientHalf" {
@@ -177,9 +183,9 @@ TEST_F(XformOps, OrientQuaternionIsRealFirst)
 {
     // (cos 45, 0, 0, sin 45): a quarter turn about Z.
     ExpectNear(Moved("/Orient", GfVec3d(1, 0, 0)), GfVec3d(0, 1, 0));
-    // (2, 2, 0, 0) is (1, 1, 0, 0) scaled: a quarter turn about X, with no
-    // scaling of its own.
-    ExpectNear(Moved("/OrientLong", GfVec3d(0, 1, 0)), GfVec3d(0, 0, 1));
+    // Read as OpenUSD reads it, without normalising: (2, 2, 0, 0) turns by
+    // twice the arc cosine of its real part clamped to 1, that is not at all.
+    ExpectNear(Moved("/OrientLong", GfVec3d(0, 1, 0)), GfVec3d(0, 1, 0));
     // (0, 0, 1, 0): a half turn about Y.
     ExpectNear(Moved("/OrientHalf", GfVec3d(1, 0, 1)), GfVec3d(-1, 0, -1));
 }
@@ -196,6 +202,23 @@ TEST_F(XformOps, OlderTypeNamesAreTheOpsOfTheirTypes)
     EXPECT_EQ(translate.GetPrecision(), UsdGeomXformOp::PrecisionFloat);
     const UsdGeomXformOp orient(prim.GetAttribute(TfToken("xformOp:orient")));
     EXPECT_EQ(orient.GetPrecision(), UsdGeomXformOp::PrecisionDouble);
+}
+
+TEST_F(XformOps, OrientOfANonUnitQuaternionTurnsByTwiceTheArcCosineOfItsRealPart)
+{
+    // 2 acos(0.707) about Z takes X to (cos, sin) of that angle, which is
+    // (2c^2 - 1, 2cs) for c = 0.707, s = sqrt(1 - c^2): not quite Y.
+    const double c = 0.707;
+    const double s = std::sqrt(1.0 - c * c);
+    const GfVec3d moved = Moved("/OrientNearlyUnit", GfVec3d(1, 0, 0));
+    EXPECT_NEAR(moved[0], 2 * c * c - 1, 1e-15);
+    EXPECT_NEAR(moved[1], 2 * c * s, 1e-15);
+    EXPECT_EQ(moved[2], 0.0);
+    const UsdGeomXformOp inverse(stage->GetPrimAtPath(SdfPath("/OrientNearlyUnit")).GetAttribute(TfToken("xformOp:orient")),
+                                 true);
+    const GfVec3d back = inverse.GetOpTransform(UsdTimeCode::Default()).Transform(moved);
+    EXPECT_NEAR(back[0], 1.0, 1e-15);
+    EXPECT_NEAR(back[1], 0.0, 1e-15);
 }
 
 TEST_F(XformOps, TransformIsTheMatrixAsAuthored)

@@ -1,4 +1,6 @@
 #include "usdcore/gf/math.h"
+#include "usdcore/gf/matrix3d.h"
+#include "usdcore/gf/matrix4d.h"
 #include "usdcore/gf/quatd.h"
 #include "usdcore/gf/quatf.h"
 #include "usdcore/gf/quath.h"
@@ -130,6 +132,63 @@ TEST(GfRotation, RotateIntoAndDegenerateAxes)
     const GfRotation opposite(GfVec3d(1, 0, 0), GfVec3d(-1, 0, 0));
     EXPECT_NEAR(opposite.GetAngle(), 180, 1e-9);
     EXPECT_TRUE(GfIsClose(opposite.TransformDir(GfVec3d(1, 0, 0)), GfVec3d(-1, 0, 0), 1e-12));
+    // A zero axis stays zero, as in OpenUSD: the angle turns about nothing.
     const GfRotation none(GfVec3d(0, 0, 0), 45);
-    EXPECT_EQ(none.GetAngle(), 0);
+    EXPECT_EQ(none.GetAxis(), GfVec3d(0, 0, 0));
+    EXPECT_EQ(none.TransformDir(GfVec3d(1, 2, 3)), GfVec3d(1, 2, 3));
+}
+
+TEST(GfRotation, QuaternionsAreReadAsOpenUsdReadsThemWithoutNormalising)
+{
+    // Worked by hand from OpenUSD's reading: axis = imaginary / |imaginary|,
+    // angle = 2 acos(real clamped to [-1, 1]).
+    const struct {
+        GfQuatd quat;
+        GfVec3d axis;
+        double angle;
+    } cases[] = {
+        // Files carry (0.707, 0, 0, 0.707): 2 acos(0.707) = 89.9771... degrees,
+        // not the 90 of the normalised quaternion.
+        {GfQuatd(0.707, 0, 0, 0.707), GfVec3d(0, 0, 1), 2.0 * GfRadiansToDegrees(std::acos(0.707))},
+        // A real part past 1 is clamped: no turn at all.
+        {GfQuatd(2, 2, 0, 0), GfVec3d(1, 0, 0), 0.0},
+        {GfQuatd(-3, 0, 4, 0), GfVec3d(0, 1, 0), 360.0},
+        // The imaginary part's length does not matter, its direction does.
+        {GfQuatd(0.5, 0, 3, 4), GfVec3d(0, 0.6, 0.8), 120.0},
+        {GfQuatd(0.5, 0, 0, 0), GfVec3d(1, 0, 0), 0.0},
+    };
+    for (const auto& c : cases) {
+        const GfRotation rotation(c.quat);
+        EXPECT_TRUE(GfIsClose(rotation.GetAxis(), c.axis, 1e-15)) << c.quat << " " << rotation.GetAxis();
+        EXPECT_NEAR(rotation.GetAngle(), c.angle, 1e-12) << c.quat;
+    }
+}
+
+TEST(GfRotation, MatrixOfANonUnitQuaternionIsThatOfOpenUsdsRotation)
+{
+    // (0.707, 0, 0, 0.707) is a turn about Z by 2 acos(0.707); the rotation
+    // gives back the unit quaternion (c, 0, 0, s), c = 0.707 and
+    // s = sqrt(1 - c^2), whose block is [[2c^2 - 1, 2cs], [-2cs, 2c^2 - 1]]:
+    // 0.000302 off the quarter turn that normalising first would give.
+    const double c = 0.707;
+    const double s = std::sqrt(1.0 - c * c);
+    GfMatrix4d m;
+    m.SetRotate(GfRotation(GfQuatd(c, 0, 0, c)));
+    const double expected[4][4] = {
+        {2 * c * c - 1, 2 * c * s, 0, 0}, {-2 * c * s, 2 * c * c - 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 4; ++column)
+            EXPECT_NEAR(m[row][column], expected[row][column], 1e-15) << row << ", " << column;
+    EXPECT_NEAR(m[0][0], -0.000302, 1e-15);
+
+    // A quaternion set on a matrix directly is used as given, as OpenUSD
+    // uses it: the same numbers scale as well as turn.
+    GfMatrix3d direct;
+    direct.SetRotate(GfQuatd(c, 0, 0, c));
+    EXPECT_NEAR(direct[0][0], 1 - 2 * c * c, 1e-15);
+    EXPECT_NEAR(direct[0][1], 2 * c * c, 1e-15);
+    EXPECT_NEAR(direct[1][0], -2 * c * c, 1e-15);
+    GfMatrix4d twice;
+    twice.SetRotate(GfQuatd(0, 0, 0, 2));
+    EXPECT_EQ(twice.GetRow(0), GfVec4d(-7, 0, 0, 0));
 }

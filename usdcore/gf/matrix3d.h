@@ -14,9 +14,10 @@ public:
     GfMatrix3d() = default;
     explicit GfMatrix3d(const GfRotation& r) { SetRotate(r); }
 
+    /// The quaternion is used as given: one not of unit length also scales.
     GfMatrix3d& SetRotate(const GfQuatd& q)
     {
-        Gf_QuatToRotationRows(q.GetNormalized(), _m);
+        Gf_QuatToRotationRows(q, _m);
         return *this;
     }
     GfMatrix3d& SetRotate(const GfRotation& r) { return SetRotate(r.GetQuat()); }

@@ -56,9 +56,10 @@ public:
         this->SetIdentity();
         return SetRotateOnly(r);
     }
-    /// Replaces the upper 3x3 block only, keeping the translation.
-    Derived& SetRotateOnly(const Quat& q) { return _SetRotationBlock(GfQuatd(q)); }
-    Derived& SetRotateOnly(const GfRotation& r) { return _SetRotationBlock(r.GetQuat()); }
+    /// Replaces the upper 3x3 block only, keeping the translation. The
+    /// quaternion is used as given: one not of unit length also scales.
+    Derived& SetRotateOnly(const Quat& q) { return _SetRotationBlock(q); }
+    Derived& SetRotateOnly(const GfRotation& r) { return _SetRotationBlock(Quat(r.GetQuat())); }
 
     /// The first three entries of a row (row 3 holds the translation).
     Vec3 GetRow3(size_t row) const { return Vec3(this->_m[row][0], this->_m[row][1], this->_m[row][2]); }
@@ -147,12 +148,12 @@ public:
 private:
     static constexpr S _FactorEpsilon() { return std::is_same<S, float>::value ? S(1e-5) : S(1e-10); }
 
-    Derived& _SetRotationBlock(const GfQuatd& q)
+    Derived& _SetRotationBlock(const Quat& q)
     {
-        double rows[3][3];
-        Gf_QuatToRotationRows(q.GetNormalized(), rows);
+        S rows[3][3];
+        Gf_QuatToRotationRows(q, rows);
         for (size_t r = 0; r < 3; ++r)
-            for (size_t c = 0; c < 3; ++c) this->_m[r][c] = S(rows[r][c]);
+            for (size_t c = 0; c < 3; ++c) this->_m[r][c] = rows[r][c];
         return this->_Self();
     }
 

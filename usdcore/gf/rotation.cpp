@@ -12,23 +12,25 @@ GfRotation& GfRotation::SetAxisAngle(const GfVec3d& axis, double angle)
 {
     _axis = axis;
     _angle = angle;
-    // A zero axis leaves nothing to rotate about.
-    if (_axis.Normalize() < 1e-10) {
-        *this = GfRotation();
+    // An axis of nearly unit length is kept as given, as OpenUSD keeps it, so
+    // that rotations made from the same numbers match it bit for bit.
+    if (!GfIsClose(GfDot(_axis, _axis), 1.0, 1e-10)) {
+        _axis.Normalize();
     }
     return *this;
 }
 
 GfRotation& GfRotation::SetQuat(const GfQuatd& quat)
 {
-    const GfQuatd q = quat.GetNormalized();
-    const double sinHalf = q.GetImaginary().GetLength();
-    if (sinHalf < 1e-10) {
+    // As OpenUSD reads a quaternion, without normalising it first: files
+    // carry quaternions a little off unit length, and the rotation they
+    // stand for is the one OpenUSD shows, not that of the normalised one.
+    const double length = quat.GetImaginary().GetLength();
+    if (!(length > 1e-10)) {
         return SetIdentity();
     }
-    _axis = q.GetImaginary() / sinHalf;
-    _angle = GfRadiansToDegrees(2.0 * std::atan2(sinHalf, q.GetReal()));
-    return *this;
+    const double halfAngle = std::acos(GfClamp(quat.GetReal(), -1.0, 1.0));
+    return SetAxisAngle(quat.GetImaginary() / length, 2.0 * GfRadiansToDegrees(halfAngle));
 }
 
 GfRotation& GfRotation::SetRotateInto(const GfVec3d& rotateFrom, const GfVec3d& rotateTo)
@@ -58,32 +60,22 @@ GfQuatd GfRotation::GetQuat() const
 
 GfRotation& GfRotation::operator*=(const GfRotation& r)
 {
-    // This rotation first, then r: in quaternions r.q * this.q.
-    return SetQuat(r.GetQuat() * GetQuat());
+    // This rotation first, then r: in quaternions r.q * this.q. A product
+    // of no rotation keeps this rotation's axis, as OpenUSD's does.
+    const GfQuatd q = (r.GetQuat() * GetQuat()).GetNormalized();
+    const double length = q.GetImaginary().GetLength();
+    if (length > 1e-10) {
+        _axis = q.GetImaginary() / length;
+        _angle = 2.0 * GfRadiansToDegrees(std::acos(q.GetReal()));
+    } else {
+        _angle = 0.0;
+    }
+    return *this;
 }
 
 std::ostream& operator<<(std::ostream& out, const GfRotation& r)
 {
     return out << '[' << r.GetAxis() << ' ' << r.GetAngle() << ']';
-}
-
-void Gf_QuatToRotationRows(const GfQuatd& q, double rows[3][3])
-{
-    const double w = q.GetReal();
-    const double x = q.GetImaginary()[0];
-    const double y = q.GetImaginary()[1];
-    const double z = q.GetImaginary()[2];
-    // Row i is the image of basis vector i (row vectors multiply on the
-    // left), i.e. the transpose of the usual column-vector matrix.
-    rows[0][0] = 1.0 - 2.0 * (y * y + z * z);
-    rows[0][1] = 2.0 * (x * y + w * z);
-    rows[0][2] = 2.0 * (x * z - w * y);
-    rows[1][0] = 2.0 * (x * y - w * z);
-    rows[1][1] = 1.0 - 2.0 * (x * x + z * z);
-    rows[1][2] = 2.0 * (y * z + w * x);
-    rows[2][0] = 2.0 * (x * z + w * y);
-    rows[2][1] = 2.0 * (y * z - w * x);
-    rows[2][2] = 1.0 - 2.0 * (x * x + y * y);
 }
 
 GfQuatd Gf_RotationRowsToQuat(const double m[3][3])

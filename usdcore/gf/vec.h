@@ -123,8 +123,14 @@ public:
     }
     Gf_Vec& operator/=(double s)
     {
-        for (size_t i = 0; i < N; ++i) _data[i] = S(_data[i] / s);
-        return *this;
+        // OpenUSD's vectors of reals multiply by the reciprocal; normalised
+        // axes and quaternions match its own only when computed the same way.
+        if constexpr (std::is_integral_v<S>) {
+            for (size_t i = 0; i < N; ++i) _data[i] = S(_data[i] / s);
+            return *this;
+        } else {
+            return *this *= (1.0 / s);
+        }
     }
     friend Gf_Vec operator+(Gf_Vec a, const Gf_Vec& b) { return a += b; }
     friend Gf_Vec operator-(Gf_Vec a, const Gf_Vec& b) { return a -= b; }
