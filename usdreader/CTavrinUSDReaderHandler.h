@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 
 #include "host/CTavrinMatrix.h"
@@ -11,6 +12,7 @@
 #include "host/CTavrinTexture.h"
 #include "usdreader/CTavrinImportHandler.h"
 #include "usdreader/CTavrinImportOptions.h"
+#include "usdreader/TavrinTextureCopies.h"
 #include "usdreader/UsdApi.h"
 
 // The schema classes appear here only in signatures; the converters that use
@@ -61,6 +63,14 @@ public:
     std::map<int, CTavrinSkeletonJoint*> jointsByIndex;
     // The texture-coordinate primvar of the mesh being converted.
     PXR_NS::TfToken stPrimvarName;
+    // The texture files copied into textureFolder so far.
+    CTavrinTextureCopies textureCopies;
+    // Shader path and asset path of the textures already reported as not
+    // found or not copied.
+    std::set<std::string> reportedTextures;
+    // Other packages that textures were found in, by canonical path, and the
+    // folders they were unpacked into (which stay, like unpackFolder).
+    std::map<CTavrinString, CTavrinString> packageFolders;
     CTavrinSequence* sequence = nullptr;
     // Axis permutation and signs of converted matrices, points and normals.
     std::array<std::int32_t, 4> axisOrder = {0, 1, 2, 3};
@@ -84,6 +94,10 @@ public:
     std::string MakeTemporaryCopy(const CTavrinString& source);
     // Sets unpackFolder and unpacks source into it when it is a zip package.
     void UnpackToTemporaryFolder(const CTavrinString& source);
+    // Where the package file's entries are on disk: unpackFolder for the
+    // imported file, a folder unpacked on first use for another package;
+    // empty when there is no such file.
+    CTavrinString UnpackedFolderOf(const std::string& package);
 
     // Prims to nodes.
     void ReadPrim(const PXR_NS::UsdPrim& prim, CTavrinSceneNode* parentNode);
@@ -119,8 +133,11 @@ public:
     void ReadPreviewSurface(const PXR_NS::UsdShadeMaterial& material,
                             CTavrinBasicGeneralMaterial* basicMaterial);
     // The texture file a connected shader names, copied into textureFolder;
-    // empty when the shader names none.
+    // empty, with a warning when a path was given, when there is none.
     CTavrinTexture ReadTexture(const PXR_NS::UsdShadeShader& shader);
+    // The file on disk a texture's asset path names: under unpackFolder as
+    // authored, else where USD resolved it; empty when it is nowhere.
+    CTavrinString FindTextureFile(const PXR_NS::SdfAssetPath& asset);
 
     // Skeletons and animation.
     void ReadSkeletonBinding(const PXR_NS::UsdPrim& meshPrim);

@@ -15,7 +15,56 @@ bool FindInput(const UsdShadeShader& shader, const char* name, UsdShadeInput* in
     return input->GetAttr().IsValid() && UsdShadeInput::IsInput(input->GetAttr());
 }
 
+// The file that relative, a path inside folder, names there; empty when it
+// leaves the folder, names a folder or nothing is there.
+CTavrinString FileInside(const CTavrinString& folder, const CTavrinString& relative)
+{
+    const CTavrinContainedPath inside = ResolveContainedPath(relative);
+    if (folder.IsEmpty() || !inside.contained || !inside.namesFile)
+        return CTavrinString();
+    const CTavrinString file = folder + inside.path;
+    return FileExists(file) ? file : CTavrinString();
+}
+
+bool IsPackage(const std::string& path)
+{
+    CTavrinString extension = CTavrinString(path).Extension();
+    extension.ToLower();
+    return extension == CTavrinString("usdz");
+}
+
 } // namespace
+
+CTavrinString CTavrinUSDReaderHandler::FindTextureFile(const SdfAssetPath& asset)
+{
+    // The authored path under the unpack folder: how textures of a package
+    // have always been found.
+    const CTavrinString unpacked = FileInside(unpackFolder, CTavrinString(asset.GetAssetPath()));
+    if (!unpacked.IsEmpty())
+        return unpacked;
+
+    // Otherwise where USD found it, relative to the layer that authored it.
+    const std::string& resolved = asset.GetResolvedPath();
+    if (resolved.empty())
+        return CTavrinString();
+    if (!ArIsPackageRelativePath(resolved)) {
+        // A package is taken for self-contained: what it names outside itself
+        // (an absolute path) is not read into the document's folder.
+        if (stage && IsPackage(stage->GetRootLayer()->GetRealPath()))
+            return CTavrinString();
+        return FileExists(CTavrinString(resolved)) ? CTavrinString(resolved) : CTavrinString();
+    }
+    // An entry of a package, perhaps of a package inside a package: each is
+    // looked up in the folder its package was unpacked into.
+    std::pair<std::string, std::string> split = ArSplitPackageRelativePathOuter(resolved);
+    CTavrinString file(split.first);
+    while (!split.second.empty() && !file.IsEmpty()) {
+        const CTavrinString folder = UnpackedFolderOf(file.toStdString());
+        split = ArSplitPackageRelativePathOuter(split.second);
+        file = FileInside(folder, CTavrinString(split.first));
+    }
+    return file;
+}
 
 CTavrinTexture CTavrinUSDReaderHandler::ReadTexture(const UsdShadeShader& shader)
 {
@@ -38,21 +87,24 @@ CTavrinTexture CTavrinUSDReaderHandler::ReadTexture(const UsdShadeShader& shader
     if (!FindInput(shader, "file", &file) || !file.Get(&asset, UsdTimeCode::Default()))
         return CTavrinTexture();
 
-    // The path as authored, under the folder the file was unpacked into; the
-    // copy goes flat into the texture folder.
-    const CTavrinString assetPath(asset.GetAssetPath());
-    CTavrinString sourcePath = unpackFolder + assetPath;
-    sourcePath.ReplaceSlashWithSystemSlash();
-    CTavrinString fileName = sourcePath;
-    fileName.RemovePath();
-    const CTavrinString destination = textureFolder + fileName;
-
-    // A path that leaves the unpack folder, or that names a folder, is
-    // treated like a missing file: still referred to, never copied.
-    const CTavrinContainedPath inside = ResolveContainedPath(assetPath);
-    if (inside.contained && inside.namesFile)
-        CopyFileReplacing(sourcePath, destination, true);
-    return CTavrinTexture(destination);
+    const CTavrinString found = FindTextureFile(asset);
+    const CTavrinString copy = found.IsEmpty() ? found : textureCopies.Copy(found, textureFolder);
+    if (copy.IsEmpty()) {
+        // Once per shader and path: a material bound to many meshes asks
+        // again for each.
+        const std::string shaderPath = shader.GetPath().GetString();
+        if (reportedTextures.insert(shaderPath + '\n' + asset.GetAssetPath()).second) {
+            if (found.IsEmpty())
+                TF_WARN("texture '%s' of <%s> is not found where its layer puts it, or lies outside its "
+                        "package; the input gets no texture",
+                        asset.GetAssetPath().c_str(), shaderPath.c_str());
+            else
+                TF_WARN("texture '%s' of <%s> could not be copied into '%s'; the input gets no texture",
+                        asset.GetAssetPath().c_str(), shaderPath.c_str(), textureFolder.toStdString().c_str());
+        }
+        return CTavrinTexture();
+    }
+    return CTavrinTexture(copy);
 }
 
 } // namespace Tavrin

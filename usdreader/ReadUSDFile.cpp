@@ -3,6 +3,7 @@
 #include "host/CTavrinDocument.h"
 #include "usdreader/CTavrinUSDReaderHandler.h"
 #include "usdreader/TavrinFileHelpers.h"
+#include "utilities/TavrinPlatform.h"
 
 PXR_NAMESPACE_USING_DIRECTIVE
 
@@ -36,33 +37,41 @@ void NameSequence(CTavrinSequence& sequence, CTavrinString path)
         group->SetCaption(path);
 }
 
+// Deletes the temporary copy, if one was made, however the read ends. The
+// stage goes first: it holds the copy's layer files open.
+struct TemporaryCopyRemoval {
+    CTavrinUSDReaderHandler& handler;
+    std::string path;
+
+    ~TemporaryCopyRemoval()
+    {
+        if (path.empty())
+            return;
+        handler.stage = UsdStageRefPtr();
+        RemoveFile(CTavrinString(path));
+    }
+};
+
 } // namespace
 
 CTavrinDocument* CTavrinUSDReaderHandler::ReadUSDFile(CTavrinString path, CTavrinString folder)
 {
     ReportProgress("Initilizing", 1);
 
-    // USD is given narrow paths only; a path with characters outside ASCII is
-    // read through a copy at a fixed ASCII name instead.
-    const bool readsTemporaryCopy = path.HasUnicode();
+    // USD is given narrow paths only. Where those are UTF-8 the file is read
+    // where it is, so that what it names beside itself is found; elsewhere a
+    // path with characters outside ASCII is read through a copy.
+    const bool readsTemporaryCopy = !narrowPathsAreUtf8 && path.HasUnicode();
     const std::string usdPath = readsTemporaryCopy ? MakeTemporaryCopy(path) : path.toStdString();
-    // The copy is closed by dropping the stage before it is deleted.
-    const auto removeTemporaryCopy = [&] {
-        if (!readsTemporaryCopy)
-            return;
-        stage = UsdStageRefPtr();
-        RemoveFile(CTavrinString(usdPath));
-    };
+    const TemporaryCopyRemoval removeTemporaryCopy{*this, readsTemporaryCopy ? usdPath : std::string()};
 
     if (!UsdStage::IsSupportedFile(usdPath)) {
         ReportProgress("This file is not supported", -1);
-        removeTemporaryCopy();
         return nullptr;
     }
     stage = UsdStage::Open(usdPath, UsdStage::LoadAll);
     if (!stage) {
         ReportProgress("Trying to read empty file", -1);
-        removeTemporaryCopy();
         return nullptr;
     }
 
@@ -92,7 +101,6 @@ CTavrinDocument* CTavrinUSDReaderHandler::ReadUSDFile(CTavrinString path, CTavri
     ReportProgress("Finalizing", 99);
     if (sequence)
         NameSequence(*sequence, path);
-    removeTemporaryCopy();
     ReportProgress("Done", 100);
     return document;
 }

@@ -30,7 +30,9 @@
 #include <pxr/imaging/hd/vertexAdjacency.h>
 #include <pxr/imaging/pxOsd/meshTopology.h>
 #include <pxr/imaging/pxOsd/tokens.h>
+#include <pxr/usd/ar/packageUtils.h>
 #include <pxr/usd/sdf/assetPath.h>
+#include <pxr/usd/sdf/layer.h>
 #include <pxr/usd/sdf/path.h>
 #include <pxr/usd/usd/attribute.h>
 #include <pxr/usd/usd/prim.h>
@@ -89,7 +91,9 @@
 #include "usdcore/hd/vertexAdjacency.h"
 #include "usdcore/pxOsd/meshTopology.h"
 #include "usdcore/pxOsd/tokens.h"
+#include "usdcore/sdf/usdz/packageUtils.h"
 #include "usdcore/sdf/assetPath.h"
+#include "usdcore/sdf/layer.h"
 #include "usdcore/sdf/path.h"
 #include "usdcore/usd/attribute.h"
 #include "usdcore/usd/prim.h"

@@ -15,4 +15,13 @@ bool ReadEnvironmentVariable(const char* name, CTavrinString& value);
 // home folder's Public, else the temporary folder.
 CTavrinString GetPublicFolder();
 
+// Whether narrow (char) paths are UTF-8, so that any path can be given to a
+// library that takes only those: true on Linux and macOS, not on Windows,
+// where they are in the system code page.
+#ifdef _WIN32
+inline constexpr bool narrowPathsAreUtf8 = false;
+#else
+inline constexpr bool narrowPathsAreUtf8 = true;
+#endif
+
 } // namespace Tavrin

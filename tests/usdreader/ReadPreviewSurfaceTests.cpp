@@ -150,6 +150,10 @@ TEST(ReadPreviewSurfaceTextures, EachConnectedInputFillsItsSlotWithTheCopiedFile
 {
     ScratchFolder scratch;
     const auto scene = OpenScene(scratch, PaintScene(ConnectedInputs(), TextureReaders()));
+    std::filesystem::create_directories(scratch.Path() / "unpacked/maps");
+    for (const char* name : {"diffuseColor", "normal", "opacity", "displacement", "roughness", "metallic",
+                             "emissiveColor", "specularColor", "occlusion", "clearcoat", "clearcoatRoughness", "ior"})
+        scratch.Write(std::string("unpacked/maps/") + name + ".png", name);
     const std::string folder = (scratch.Path() / "textures").string() + "/";
     scene->handler.textureFolder = CTavrinString(folder);
     scene->handler.unpackFolder = CTavrinString((scratch.Path() / "unpacked").string() + "/");
@@ -173,17 +177,20 @@ TEST(ReadPreviewSurfaceTextures, EachConnectedInputFillsItsSlotWithTheCopiedFile
 
 TEST(ReadPreviewSurfaceTextures, AConnectedInputWithAValueGetsBoth)
 {
-    const auto scene = OpenScene(PaintScene(R"(
+    ScratchFolder scratch;
+    const auto scene = OpenScene(scratch, PaintScene(R"(
         color3f inputs:diffuseColor = (0.5, 0.25, 1)
         color3f inputs:diffuseColor.connect = </Paint/Image.outputs:rgb>
 )", R"(
     def Shader "Image" { asset inputs:file = @wood.png@
         float3 outputs:rgb }
 )"));
-    scene->handler.textureFolder = CTavrinString("/textures/");
+    scratch.Write("wood.png", "beside the scene");
+    const std::string folder = (scratch.Path() / "textures").string() + "/";
+    scene->handler.textureFolder = CTavrinString(folder);
     const BindingResult binding = ReadBinding(scene->handler, "/Box");
     EXPECT_EQ(AssignedValues(*binding.material), (Values{{"Color", {0.5, 0.25, 1}}}));
-    EXPECT_THAT(FilledTextures(*binding.material), ElementsAre(Pair("Texture", "/textures/wood.png")));
+    EXPECT_THAT(FilledTextures(*binding.material), ElementsAre(Pair("Texture", folder + "wood.png")));
 }
 
 TEST(ReadPreviewSurfaceTextures, AReaderWithoutAFileGivesNoTexture)

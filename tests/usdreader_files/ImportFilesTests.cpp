@@ -12,6 +12,7 @@
 #include "host/CTavrinDocumentJson.h"
 #include "usdreader/CTavrinUSDReaderHandler.h"
 
+PXR_NAMESPACE_USING_DIRECTIVE
 using namespace Tavrin;
 
 namespace {
@@ -112,37 +113,52 @@ std::map<std::string, std::string> TextureSlots(const CTavrinDocument& document)
 
 } // namespace
 
-TEST_F(ImportFiles, NonAsciiPackageIsReadThroughTheTemporaryCopyWhichIsRemovedAtTheEnd)
+// Narrow paths are UTF-8 here: a file is read where it is, whatever its name,
+// and no copy is made.
+TEST_F(ImportFiles, NonAsciiPackageIsReadInPlaceAndUnpacked)
 {
     const std::string package = scratch / "mod\xC3\xA8les/plan \xE6\x9C\xA8.usdz";
     std::filesystem::create_directories(scratch / "mod\xC3\xA8les");
     WriteTexturedPackage(package);
     const auto document = Import(package, scratch / "out");
     ASSERT_NE(document, nullptr);
-    EXPECT_TRUE(copyExistedWhileReading);
-    EXPECT_FALSE(std::filesystem::exists(publicCopy));
-    EXPECT_EQ(progress.back(), std::make_pair(std::string("Done"), 100));
-    // The package itself, not the copy, is what gets unpacked.
-    EXPECT_EQ(ReadFile(handler.unpackFolder.toStdString() + "textures/wood.png"), "wood image");
-}
-
-TEST_F(ImportFiles, AsciiPathMakesNoTemporaryCopy)
-{
-    WriteTexturedPackage(scratch / "plane.usdz");
-    const auto document = Import(scratch / "plane.usdz", scratch / "out");
-    ASSERT_NE(document, nullptr);
     EXPECT_FALSE(copyExistedWhileReading);
     EXPECT_FALSE(std::filesystem::exists(publicCopy));
+    EXPECT_EQ(progress.back(), std::make_pair(std::string("Done"), 100));
+    EXPECT_EQ(ReadFile(handler.unpackFolder.toStdString() + "textures/wood.png"), "wood image");
+    EXPECT_EQ(ReadFile(scratch / "out/wood.png"), "wood image");
 }
 
-// A text layer under the copy's .usdz name does not open; the copy goes all
-// the same.
-TEST_F(ImportFiles, NonAsciiLayerFailsToOpenAsTheCopyAndTheCopyIsRemoved)
+// The twin of a scene under names that are not ASCII, textures beside it
+// included, gives the same document apart from where it came from.
+TEST_F(ImportFiles, NonAsciiTwinOfALayerGivesTheSameDocument)
 {
-    const std::string layer = scratch / "\xC3\xA9t\xC3\xA9.usda";
-    WriteFile(layer, TexturedPlane);
-    EXPECT_EQ(Import(layer, scratch / "out"), nullptr);
-    EXPECT_EQ(progress.back(), std::make_pair(std::string("Trying to read empty file"), -1));
+    const auto importTwin = [&](const std::string& folder, const std::string& name) {
+        const std::string root = scratch / folder;
+        WriteFile(root + "/" + name, TexturedPlane);
+        WriteFile(root + "/textures/wood.png", "wood of " + folder);
+        WriteFile(root + "/maps/rough.png", "rough of " + folder);
+        CTavrinUSDReaderHandler twinHandler;
+        const std::unique_ptr<CTavrinDocument> document(
+            twinHandler.ReadUSDFile(Text(root + "/" + name), Text(root + "/out")));
+        EXPECT_NE(document, nullptr) << name;
+        if (!document)
+            return CTavrinJson();
+        CTavrinJson json = DocumentToJson(*document, {});
+        json.erase("source");
+        // Each twin's textures are copied into its own folder.
+        for (auto& node : json["nodes"])
+            if (node.contains("material") && !node["material"].is_null())
+                for (auto& [slot, path] : node["material"]["textures"].items())
+                    path = std::filesystem::u8path(path.get<std::string>()).filename().string();
+        return json;
+    };
+    const CTavrinJson ascii = importTwin("scene", "materials.usda");
+    const CTavrinJson accented = importTwin("sc\xC3\xA8ne", "mat\xC3\xA9riaux.usda");
+    EXPECT_EQ(accented, ascii);
+    EXPECT_EQ(ascii["nodes"].size(), 1u);
+    EXPECT_EQ(ReadFile(scratch / "sc\xC3\xA8ne/out/wood.png"), "wood of sc\xC3\xA8ne");
+    EXPECT_EQ(ReadFile(scratch / "sc\xC3\xA8ne/out/rough.png"), "rough of sc\xC3\xA8ne");
     EXPECT_FALSE(std::filesystem::exists(publicCopy));
 }
 
@@ -158,12 +174,19 @@ TEST_F(ImportFiles, PackageTexturesAreCopiedIntoTheFolderAndReferredTo)
     EXPECT_EQ(ReadFile(scratch / "out/rough.png"), NoisyBytes(30000));
 }
 
-TEST_F(ImportFiles, PlainLayerTexturesAreReferredToButNotFound)
+// Nothing is unpacked for a plain layer: its textures are where it says,
+// relative to itself. The one that is not there leaves its slot empty, with
+// one warning.
+TEST_F(ImportFiles, PlainLayerTexturesBesideItAreCopiedAndAMissingOneIsReported)
 {
     WriteFile(scratch / "plane.usda", TexturedPlane);
     WriteFile(scratch / "textures/wood.png", "beside the layer");
+    TfDiagnosticCapture diagnostics;
     const auto document = Import(scratch / "plane.usda", scratch / "out");
     ASSERT_NE(document, nullptr);
-    EXPECT_EQ(TextureSlots(*document)["Texture"], scratch / "out/wood.png");
-    EXPECT_FALSE(std::filesystem::exists(scratch / "out/wood.png"));
+    EXPECT_EQ(TextureSlots(*document), (std::map<std::string, std::string>{{"Texture", scratch / "out/wood.png"}}));
+    EXPECT_EQ(ReadFile(scratch / "out/wood.png"), "beside the layer");
+    ASSERT_EQ(diagnostics.GetDiagnostics().size(), 1u);
+    EXPECT_TRUE(diagnostics.Contains(TF_DIAGNOSTIC_WARNING_TYPE, "'maps/rough.png' of </Looks/Wood/Rough>"));
+    EXPECT_EQ(scratch.Files(), (std::set<std::string>{"plane.usda", "textures/wood.png", "out/wood.png"}));
 }

@@ -31,17 +31,19 @@ struct TemporaryFiles : ::testing::Test {
 
 } // namespace
 
-TEST_F(TemporaryFiles, NonAsciiSourceIsCopiedToTheFixedNameInThePublicFolder)
+// Where a copy is needed, its name is fixed but its extension is the
+// source's: that is what tells USD how to read it.
+TEST_F(TemporaryFiles, NonAsciiSourceIsCopiedToTheFixedNameWithItsOwnExtension)
 {
     const std::string source = scratch / "mod\xC3\xA8les/arbre \xE6\x9C\xA8.usda";
     WriteFile(source, "#usda 1.0\n");
-    EXPECT_EQ(handler.MakeTemporaryCopy(Text(source)), scratch / "home/Public/TempUSDZ.usdz");
-    EXPECT_EQ(ReadFile(scratch / "home/Public/TempUSDZ.usdz"), "#usda 1.0\n");
+    EXPECT_EQ(handler.MakeTemporaryCopy(Text(source)), scratch / "home/Public/TempUSDZ.usda");
+    EXPECT_EQ(ReadFile(scratch / "home/Public/TempUSDZ.usda"), "#usda 1.0\n");
 
     const std::string other = scratch / "\xC3\xA9t\xC3\xA9.usdc";
     WriteFile(other, "PXR-USDC");
-    EXPECT_EQ(handler.MakeTemporaryCopy(Text(other)), scratch / "home/Public/TempUSDZ.usdz");
-    EXPECT_EQ(ReadFile(scratch / "home/Public/TempUSDZ.usdz"), "PXR-USDC");
+    EXPECT_EQ(handler.MakeTemporaryCopy(Text(other)), scratch / "home/Public/TempUSDZ.usdc");
+    EXPECT_EQ(ReadFile(scratch / "home/Public/TempUSDZ.usdc"), "PXR-USDC");
 }
 
 TEST_F(TemporaryFiles, PackageUnpacksIntoAFreshUuidFolderUnderTheTemporaryFolder)
