@@ -2,6 +2,7 @@
 
 #include "extension/CTavrinExtension.h"
 #include "extension/CTavrinExtensionRegistry.h"
+#include "extension/CTavrinFaultBoundary.h"
 #include "extension/CTavrinImporter.h"
 #include "host/CTavrinApplicationServices.h"
 #include "host/CTavrinDocumentsContainer.h"
@@ -24,8 +25,9 @@ bool CTavrinExtensionRoot::Initialize(void* first, void* second, void* third)
     CTavrinExtension* extension = Registry().Extension();
     if (!extension)
         return false;
-    extension->Initialize(first, second, third);
-    return true;
+    // An extension that could not make its objects (out of memory) has not
+    // been initialised.
+    return RunContained([&] { extension->Initialize(first, second, third); });
 }
 
 void CTavrinExtensionRoot::SetDocumentsContainer(Tavrin::CTavrinDocumentsContainer* container)
@@ -45,8 +47,8 @@ void CTavrinExtensionRoot::SetSharedObject(void* object)
 
 void CTavrinExtensionRoot::SetSharedInstanceA(void* instance)
 {
-    if (Registry().sharedInstanceSetterA)
-        Registry().sharedInstanceSetterA->Install(instance);
+    if (CTavrinSharedInstanceSetter* setter = Registry().sharedInstanceSetterA.get())
+        RunContained([&] { setter->Install(instance); });
 }
 
 void CTavrinExtensionRoot::SetKeyFrameManager(Tavrin::CTavrinKeyFrameManager* manager)
@@ -121,8 +123,8 @@ void CTavrinExtensionRoot::SetUtf8Evaluater(Tavrin::CTavrinUtf8Evaluater* evalua
 
 void CTavrinExtensionRoot::SetSharedInstanceB(void* instance)
 {
-    if (Registry().sharedInstanceSetterB)
-        Registry().sharedInstanceSetterB->Install(instance);
+    if (CTavrinSharedInstanceSetter* setter = Registry().sharedInstanceSetterB.get())
+        RunContained([&] { setter->Install(instance); });
 }
 
 void CTavrinExtensionRoot::Uninitialize(void* first, void* second, void* third)
@@ -131,7 +133,8 @@ void CTavrinExtensionRoot::Uninitialize(void* first, void* second, void* third)
     CTavrinExtension* extension = registry.Extension();
     if (!extension)
         return;
-    extension->Uninitialize(first, second, third);
+    // Shut-down goes on whatever the extension's own part of it threw.
+    RunContained([&] { extension->Uninitialize(first, second, third); });
     registry.DestroyExtension();
 
     // The lists keep their length: the application may still ask by index.

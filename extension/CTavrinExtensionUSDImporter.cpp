@@ -3,10 +3,15 @@
 #include "extension/CTavrinExtensionRegistry.h"
 #include "extension/CTavrinUSDImporter.h"
 
+#include <memory>
+#include <new>
+
 namespace {
 // Made while the module loads, before the application can reach the root;
-// the root destroys it when told to uninitialise.
-[[maybe_unused]] CTavrinExtension* const s_extension = new CTavrinExtensionUSDImporter();
+// the root destroys it when told to uninitialise. Running out of memory here
+// must not end the application that loads the module: without an extension
+// the root only refuses to initialise.
+[[maybe_unused]] CTavrinExtension* const s_extension = new (std::nothrow) CTavrinExtensionUSDImporter();
 } // namespace
 
 void CTavrinExtensionUSDImporter::Initialize(void*, void*, void*)
@@ -18,5 +23,8 @@ void CTavrinExtensionUSDImporter::Initialize(void*, void*, void*)
         std::make_unique<Tavrin::CTavrinSingletonSetter<Tavrin::CTavrinSequenceContainer, 1>>());
     registry.sceneStatesContainerSetter.Store(
         std::make_unique<Tavrin::CTavrinSingletonSetter<Tavrin::CTavrinSceneStatesContainer, 1>>());
-    registry.importers.Add(new CTavrinUSDImporter());
+    // Owned here until the list has taken it.
+    auto importer = std::make_unique<CTavrinUSDImporter>();
+    registry.importers.Add(importer.get());
+    importer.release();
 }

@@ -5,6 +5,8 @@
 #include "TavrinAnimation/src/TavrinSequenceMessage.h"
 #include "TavrinAnimation/src/TavrinArchiveValues.h"
 
+#include <memory>
+
 namespace Tavrin {
 
 namespace {
@@ -17,12 +19,14 @@ CTavrinSequence::CTavrinSequence() {
 }
 
 CTavrinSequence* CTavrinSequence::Create() {
-    auto* sequence = new CTavrinSequence();
+    // Owned here until it is complete, so that running out of memory half
+    // way leaves nothing behind.
+    auto sequence = std::make_unique<CTavrinSequence>();
     sequence->SetName(CTavrinString("Sequence") + CTavrinString(++s_sequenceCounter));
     CTavrinAnimationCollapsingGroup* defaultGroup = CTavrinSequenceContainer::GetInstance()->DefaultGroup();
     sequence->m_groupUUID = defaultGroup->Guid();
-    defaultGroup->AddSequence(sequence);
-    return sequence;
+    defaultGroup->AddSequence(sequence.get());
+    return sequence.release();
 }
 
 CTavrinSequence* CTavrinSequence::ReadSequence(CTavrinArchiveBase& archive) {

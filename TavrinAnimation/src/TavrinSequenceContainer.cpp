@@ -50,6 +50,26 @@ void CTavrinSequenceContainer::AddSequence(CTavrinSequence* sequence) {
     m_recentlyAdded.push_back(sequence);
 }
 
+void CTavrinSequenceContainer::RemoveSequence(CTavrinSequence* sequence) {
+    if (!sequence)
+        return;
+    const CTavrinUUID uuid = sequence->Guid();
+    m_defaultGroup->RemoveMember(uuid);
+    for (auto& entry : m_groups)
+        entry.second->RemoveMember(uuid);
+    ForgetRecentlyAdded(sequence);
+    m_defaultGroupSequences.erase(std::remove_if(m_defaultGroupSequences.begin(), m_defaultGroupSequences.end(),
+                                                 [sequence](const CTavrinSequencePtr& listed) {
+                                                     return listed.get() == sequence;
+                                                 }),
+                                  m_defaultGroupSequences.end());
+    // Last, as dropping this reference may destroy the sequence; another
+    // sequence registered under the same UUID stays.
+    const auto registered = m_sequences.find(uuid);
+    if (registered != m_sequences.end() && registered->second.get() == sequence)
+        m_sequences.erase(registered);
+}
+
 void CTavrinSequenceContainer::ForgetRecentlyAdded(const CTavrinSequence* sequence) {
     m_recentlyAdded.erase(std::remove(m_recentlyAdded.begin(), m_recentlyAdded.end(), sequence),
                           m_recentlyAdded.end());
@@ -57,6 +77,15 @@ void CTavrinSequenceContainer::ForgetRecentlyAdded(const CTavrinSequence* sequen
 
 CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::CreateGroup() {
     return CreateCollapsingGroup(m_groups, s_groupCounter);
+}
+
+void CTavrinSequenceContainer::RemoveGroup(const CTavrinUUID& uuid) {
+    const auto group = m_groups.find(uuid);
+    if (group == m_groups.end())
+        return;
+    if (s_currentGroup == group->second.get())
+        s_currentGroup = m_defaultGroup.get();
+    m_groups.erase(group);
 }
 
 CTavrinAnimationCollapsingGroup* CTavrinSequenceContainer::FindGroup(const CTavrinUUID& uuid) const {

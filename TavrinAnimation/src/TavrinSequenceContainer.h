@@ -24,7 +24,14 @@ public:
     // Registers sequence (taking a reference) unless its UUID is already
     // registered, and makes it the most recently added.
     void AddSequence(CTavrinSequence* sequence);
+    // Withdraws sequence, registered or not: no group lists it any more, and
+    // the container lets go of every reference to it and mention of it (so
+    // that the last reference gone, it is destroyed).
+    void RemoveSequence(CTavrinSequence* sequence);
     CTavrinAnimationCollapsingGroup* CreateGroup();
+    // Destroys the group under uuid; the default group is never removed.
+    // When it was the current group, the default group becomes current.
+    void RemoveGroup(const CTavrinUUID& uuid);
     CTavrinAnimationCollapsingGroup* DefaultGroup() const { return m_defaultGroup.get(); }
     // The group under uuid; the default group for its own (invalid) UUID.
     CTavrinAnimationCollapsingGroup* FindGroup(const CTavrinUUID& uuid) const;
@@ -32,6 +39,7 @@ public:
 
     const std::map<CTavrinUUID, CTavrinSequencePtr>& Sequences() const { return m_sequences; }
     size_t GroupCount() const { return m_groups.size(); }
+    const CollapsingGroupMap& Groups() const { return m_groups; }
     const std::vector<CTavrinSequence*>& RecentlyAdded() const { return m_recentlyAdded; }
     bool AccumulatesRecentlyAdded() const { return m_accumulate; }
     void SetAccumulatesRecentlyAdded(bool accumulate) { m_accumulate = accumulate; }
