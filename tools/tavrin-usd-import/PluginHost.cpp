@@ -60,9 +60,12 @@ bool PluginHost::Load(const std::string& path, std::string& error)
     m_basic = basic;
 
     // The animation model's setters exist once the plug-in is initialised.
+    // The sequence container goes first: a key frame manager keeps the
+    // container it was made with, and one made before the install would
+    // keep a private container that the install then destroys.
     m_sequences = new Tavrin::CTavrinSequenceContainer();
-    basic->SetKeyFrameManager(new Tavrin::CTavrinKeyFrameManager());
     basic->SetSequenceContainer(m_sequences);
+    basic->SetKeyFrameManager(new Tavrin::CTavrinKeyFrameManager());
     basic->SetSceneStatesContainer(new Tavrin::CTavrinSceneStatesContainer());
     if (Tavrin::CTavrinSequenceContainer::GetInstance() != m_sequences) {
         error = "the plug-in " + path + " did not take the program's sequence container";
