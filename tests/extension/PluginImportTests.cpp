@@ -3,6 +3,7 @@
 
 #include "InitialisedPlugin.h"
 
+#include "TavrinAnimation/src/TavrinSequenceContainer.h"
 #include "TavrinAnimation/src/TavrinSequenceJson.h"
 #include "host/CTavrinDocument.h"
 #include "host/CTavrinDocumentJson.h"
@@ -11,8 +12,13 @@
 #include <QTemporaryDir>
 
 #include <fstream>
+#include <map>
 #include <memory>
+#include <new>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -57,6 +63,55 @@ def Xform "World"
 }
 )";
 
+// A transform animated over ten frames, with a child: the import makes its
+// sequence while converting the first prim, before the second is reported.
+constexpr const char* kAnimatedScene = R"(#usda 1.0
+(
+    metersPerUnit = 1
+    upAxis = "Z"
+)
+
+def Xform "Mover"
+{
+    double3 xformOp:translate.timeSamples = {
+        0: (0, 0, 0),
+        10: (5, 0, 0),
+    }
+    uniform token[] xformOpOrder = ["xformOp:translate"]
+
+    def Xform "Child"
+    {
+    }
+}
+)";
+
+using Reports = std::vector<std::pair<CTavrinString, int>>;
+
+// What the application sees of its sequence container: the sequences, the
+// groups, and which sequences each group lists.
+struct SequenceContainerState {
+    std::map<Tavrin::CTavrinUUID, std::set<Tavrin::CTavrinUUID>> groupsOfSequences;
+    std::set<Tavrin::CTavrinUUID> defaultGroupMembers;
+    size_t groupCount = 0;
+
+    static SequenceContainerState Of(const Tavrin::CTavrinSequenceContainer& container)
+    {
+        SequenceContainerState state;
+        for (const auto& [uuid, sequence] : container.Sequences()) {
+            const Tavrin::CTavrinAnimationCollapsingGroup* group = container.FindGroup(sequence->GroupGuid());
+            state.groupsOfSequences[uuid] = group ? group->SequenceGuids() : std::set<Tavrin::CTavrinUUID>();
+        }
+        state.defaultGroupMembers = container.DefaultGroup()->SequenceGuids();
+        state.groupCount = container.GroupCount();
+        return state;
+    }
+    bool operator==(const SequenceContainerState& other) const
+    {
+        return groupsOfSequences == other.groupsOfSequences && defaultGroupMembers == other.defaultGroupMembers &&
+               groupCount == other.groupCount;
+    }
+};
+
 class PluginImport : public InitialisedPlugin {
 protected:
     void SetUp() override
@@ -64,6 +119,13 @@ protected:
         ASSERT_TRUE(m_folder.isValid());
         m_scenePath = m_folder.filePath("scene.usda").toStdString();
         std::ofstream(m_scenePath) << kScene;
+    }
+
+    CTavrinString WrittenScene(const char* name, const char* text) const
+    {
+        const std::string path = m_folder.filePath(name).toStdString();
+        std::ofstream(path) << text;
+        return CTavrinString::FromUtf8(path);
     }
 
     CTavrinString ScenePath() const { return CTavrinString::FromUtf8(m_scenePath); }
@@ -156,4 +218,83 @@ TEST_F(PluginImport, AMissingFileEndsWithMinusOneAndNoDocumentAsDirectly)
     EXPECT_EQ(viaPlugin.progress.back().second, -1);
 }
 
+// A callback of the application may throw (running out of memory, say) at
+// any report; the import must then end as a failed import does, and take
+// back what it had handed to the application.
+TEST_F(PluginImport, AnImportInterruptedByAnExceptionEndsAsAFailedImport)
+{
+    ASSERT_NE(Importer(), nullptr);
+    auto* container = new Tavrin::CTavrinSequenceContainer();
+    Basic()->SetSequenceContainer(container);
+    ASSERT_EQ(Tavrin::CTavrinSequenceContainer::GetInstance(), container);
+
+    CTavrinImportRequest request;
+    request.filePath = WrittenScene("animated.usda", kAnimatedScene);
+    request.folder = TextureFolder();
+    // An import that succeeds leaves a sequence and its group behind, which
+    // the failed imports after it must not disturb.
+    Reports completeReports;
+    request.progressCallback = [&](CTavrinString message, int value) { completeReports.emplace_back(message, value); };
+    std::unique_ptr<CTavrinDocument> complete(Importer()->Import(request));
+    ASSERT_NE(complete, nullptr);
+    ASSERT_EQ(container->Sequences().size(), 1u);
+    const SequenceContainerState before = SequenceContainerState::Of(*container);
+    const std::pair<CTavrinString, int> failure(CTavrinString("This file is not supported"), -1);
+
+    for (size_t failing = 1; failing <= completeReports.size(); ++failing) {
+        SCOPED_TRACE(completeReports[failing - 1].first.toStdString());
+        Reports reports;
+        request.progressCallback = [&](CTavrinString message, int value) {
+            reports.emplace_back(message, value);
+            if (reports.size() == failing)
+                throw std::bad_alloc();
+        };
+        std::unique_ptr<CTavrinDocument> document(Importer()->Import(request));
+        EXPECT_EQ(document, nullptr);
+        ASSERT_EQ(reports.size(), failing + 1);
+        EXPECT_EQ(reports.back(), failure);
+        EXPECT_TRUE(SequenceContainerState::Of(*container) == before);
+    }
+
+    // Not even the closing report gets through, and what is thrown is no
+    // standard exception.
+    request.progressCallback = [](CTavrinString, int value) {
+        if (value != 1)
+            throw value;
+    };
+    std::unique_ptr<CTavrinDocument> document(Importer()->Import(request));
+    EXPECT_EQ(document, nullptr);
+    EXPECT_TRUE(SequenceContainerState::Of(*container) == before);
+
+    Basic()->SetSequenceContainer(nullptr);
+}
+
 } // namespace
+
+// What an animated import leaves in the application's own container: one
+// sequence named after the file, in a fresh group captioned with the file's
+// base name and listing just that sequence.
+TEST_F(PluginImport, AnAnimatedImportLandsInTheApplicationsContainerInAGroupOfItsOwn)
+{
+    ASSERT_NE(Importer(), nullptr);
+    auto* container = new Tavrin::CTavrinSequenceContainer();
+    Basic()->SetSequenceContainer(container);
+    ASSERT_EQ(Tavrin::CTavrinSequenceContainer::GetInstance(), container);
+    const size_t groupsBefore = container->GroupCount();
+
+    CTavrinImportRecord record;
+    const auto document = ImportThroughPlugin(WrittenScene("walk cycle.usda", kAnimatedScene), TextureFolder(), record);
+    ASSERT_NE(document, nullptr);
+    ASSERT_EQ(container->Sequences().size(), 1u);
+    Tavrin::CTavrinSequence& sequence = *container->Sequences().begin()->second;
+    EXPECT_EQ(sequence.Name(), CTavrinString("walk cycle_Animation"));
+    const Tavrin::CTavrinAnimationCollapsingGroup* group = container->FindGroup(sequence.GroupGuid());
+    ASSERT_NE(group, nullptr);
+    EXPECT_NE(group, container->DefaultGroup());
+    EXPECT_EQ(group->Caption(), CTavrinString("walk cycle"));
+    EXPECT_EQ(group->SequenceGuids(), std::set<Tavrin::CTavrinUUID>{sequence.Guid()});
+    EXPECT_EQ(container->GroupCount(), groupsBefore + 1);
+    EXPECT_TRUE(container->DefaultGroup()->SequenceGuids().empty());
+
+    Basic()->SetSequenceContainer(nullptr);
+}
