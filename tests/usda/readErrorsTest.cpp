@@ -58,7 +58,11 @@ TEST(UsdaErrors, MalformedValues)
     // A value of an unknown type must still have a value's shape.
     ReadError("#usda 1.0\ndef \"A\" { flaot a = (1, 2 }");
     ReadError("#usda 1.0\ndef \"A\" { flaot a = = }");
-    EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { int a = 1.5 }").find("bad.usda:2:19"), std::string::npos);
+    EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { int a = 1e10 }").find("bad.usda:2:19"), std::string::npos);
+    EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { uint a = -1.5 }").find("in range"), std::string::npos);
+    ReadError("#usda 1.0\ndef \"A\" { int64 a = 9.3e18 }");
+    ReadError("#usda 1.0\ndef \"A\" { int a = nan }");
+    EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { bool a = maybe }").find("expected a boolean"), std::string::npos);
     EXPECT_NE(ReadError("#usda 1.0\ndef \"A\" { uchar a = 256 }").find("out of range"), std::string::npos);
     ReadError("#usda 1.0\ndef \"A\" { float a = 1x }");
     ReadError("#usda 1.0\ndef \"A\" { float a = 2.5.3 }");

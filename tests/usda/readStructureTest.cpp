@@ -131,6 +131,30 @@ def Xform "A" (
     EXPECT_EQ(Field<SdfPermission>(data, "/A", SdfFieldKeys->Permission), SdfPermissionPrivate);
 }
 
+// Metadata the reader does not know, a list operation on it included, is
+// kept as written with a warning naming where it is: never a reason to
+// refuse the layer.
+TEST(UsdaPrims, UnknownMetadataIsKeptWithAWarning)
+{
+    TfDiagnosticCapture capture;
+    SdfData data;
+    ASSERT_TRUE(SdfUsdaReadData(R"(#usda 1.0
+def Xform "A" (
+    instanceable = True
+    reorder someSets = ["b", "a"]
+    studioTag = 7
+)
+{
+}
+)", "test.usda", &data));
+    EXPECT_TRUE(Field<bool>(data, "/A", SdfFieldKeys->Instanceable));
+    EXPECT_EQ(Field<SdfUnregisteredValue>(data, "/A", TfToken("someSets")).GetValue(), VtValue(std::string("[\"b\", \"a\"]")));
+    EXPECT_EQ(Field<SdfUnregisteredValue>(data, "/A", TfToken("studioTag")).GetValue(), VtValue(std::string("7")));
+    EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_WARNING_TYPE), 2u);
+    EXPECT_TRUE(capture.Contains(TF_DIAGNOSTIC_WARNING_TYPE, "test.usda:4:13: unknown metadata 'someSets'"));
+    EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_RUNTIME_ERROR_TYPE), 0u);
+}
+
 TEST(UsdaPrims, NoneMakesAnEmptyExplicitList)
 {
     const SdfData data = Read("#usda 1.0\ndef \"A\" ( references = None ) {}\n");

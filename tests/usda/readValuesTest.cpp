@@ -43,6 +43,18 @@ TEST(UsdaNumbers, IntegersKeepTheirWidthAndSign)
     EXPECT_EQ(DefaultOf<unsigned char>("uchar a = 255"), 255);
 }
 
+// OpenUSD takes any finite number for an integer, truncated toward zero.
+TEST(UsdaNumbers, RealNumbersForIntegersAreTruncatedWhenInRange)
+{
+    EXPECT_EQ(DefaultOf<int>("int a = 0.0"), 0);
+    EXPECT_EQ(DefaultOf<int>("int a = -2.7"), -2);
+    EXPECT_EQ(DefaultOf<unsigned int>("uint a = 3.9e2"), 390u);
+    EXPECT_EQ(DefaultOf<unsigned char>("uchar a = 255.99"), 255);
+    EXPECT_EQ(DefaultOf<int64_t>("int64 a = -9.2e18"), int64_t(-9.2e18));
+    EXPECT_EQ(Field<VtArray<int>>(ReadAttribute("int[] a = [1.5, -0.5, 2e1]"), "/P.a", SdfFieldKeys->Default),
+              (VtArray<int>{1, 0, 20}));
+}
+
 TEST(UsdaNumbers, FloatingPointFormsIncludingScientificAndSpecials)
 {
     EXPECT_EQ(DefaultOf<double>("double a = 1.5e3"), 1500.0);
@@ -65,6 +77,14 @@ TEST(UsdaNumbers, BoolsAreWordsOrDigits)
     EXPECT_TRUE(DefaultOf<bool>("bool a = true"));
     EXPECT_FALSE(DefaultOf<bool>("bool a = 0"));
     EXPECT_TRUE(DefaultOf<bool>("bool a = 1"));
+    // Older writers capitalise; any case, yes/no and quoted words count too.
+    EXPECT_TRUE(DefaultOf<bool>("bool a = True"));
+    EXPECT_FALSE(DefaultOf<bool>("bool a = False"));
+    EXPECT_FALSE(DefaultOf<bool>("bool a = NO"));
+    EXPECT_TRUE(DefaultOf<bool>("bool a = \"yes\""));
+    EXPECT_TRUE(DefaultOf<bool>("bool a = 2.5"));
+    EXPECT_EQ(Field<VtArray<bool>>(ReadAttribute("bool[] a = [True, false, 0, \"1\"]"), "/P.a", SdfFieldKeys->Default),
+              (VtArray<bool>{true, false, false, true}));
 }
 
 TEST(UsdaStrings, QuotesTriplesAndEscapes)

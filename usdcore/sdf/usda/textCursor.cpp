@@ -1,8 +1,10 @@
 #include "usdcore/sdf/usda/textCursor.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <string>
+#include <type_traits>
 
 PXR_NAMESPACE_OPEN_SCOPE
 
@@ -348,39 +350,42 @@ bool Sdf_TextCursor::ReadDouble(double* out)
     return true;
 }
 
-bool Sdf_TextCursor::ReadInt64(int64_t* out)
+template <class Int>
+bool Sdf_TextCursor::ReadInteger(Int* out)
 {
     std::string_view number;
     if (!ReadNumberText(&number)) {
         return false;
     }
+    const size_t start = GetOffset() - number.size();
     if (number[0] == '+') {
         number.remove_prefix(1);
     }
-    const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), *out);
-    if (ec != std::errc() || end != number.data() + number.size()) {
-        SetOffset(GetOffset() - number.size());
-        return Fail("expected an integer in range");
+    const char* last = number.data() + number.size();
+    const auto [end, ec] = std::from_chars(number.data(), last, *out);
+    if (ec == std::errc() && end == last) {
+        return true;
     }
-    return true;
+    // Not an integer literal: read as a real number, then truncated.
+    double real = 0;
+    const auto [realEnd, realEc] = std::from_chars(number.data(), last, real);
+    // 2^63 and 2^64 are exact in double; the bounds are taken half-open so
+    // that a value rounded up to them is refused, not wrapped.
+    constexpr double limit = std::is_signed_v<Int> ? 9223372036854775808.0 : 18446744073709551616.0;
+    constexpr double lowest = std::is_signed_v<Int> ? -limit : 0.0;
+    if (realEc == std::errc() && realEnd == last && std::isfinite(real)) {
+        const double truncated = std::trunc(real);
+        if (truncated >= lowest && truncated < limit) {
+            *out = static_cast<Int>(truncated);
+            return true;
+        }
+    }
+    SetOffset(start);
+    return Fail(std::is_signed_v<Int> ? "expected an integer in range" : "expected an unsigned integer in range");
 }
 
-bool Sdf_TextCursor::ReadUInt64(uint64_t* out)
-{
-    std::string_view number;
-    if (!ReadNumberText(&number)) {
-        return false;
-    }
-    if (number[0] == '+') {
-        number.remove_prefix(1);
-    }
-    const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), *out);
-    if (ec != std::errc() || end != number.data() + number.size()) {
-        SetOffset(GetOffset() - number.size());
-        return Fail("expected an unsigned integer in range");
-    }
-    return true;
-}
+template bool Sdf_TextCursor::ReadInteger<int64_t>(int64_t* out);
+template bool Sdf_TextCursor::ReadInteger<uint64_t>(uint64_t* out);
 
 bool Sdf_TextCursor::Fail(std::string message)
 {

@@ -61,8 +61,11 @@ public:
     bool AtNumber() const;
 
     bool ReadDouble(double* out);
-    bool ReadInt64(int64_t* out);
-    bool ReadUInt64(uint64_t* out);
+    /// A number as an integer of type Int (int64_t or uint64_t). A number
+    /// written with a fraction or an exponent counts when it is finite and,
+    /// truncated toward zero, in range: OpenUSD takes 'int x = 0.0'.
+    template <class Int>
+    bool ReadInteger(Int* out);
 
     /// Records a failure at the current offset (the first one wins).
     bool Fail(std::string message);

@@ -162,6 +162,7 @@ bool UsdaParser::ParseMetadataEntry(const SdfPath& path, bool isLayer)
     }
     SdfListOpType op;
     AcceptListOpKeyword(&op);
+    _c.SkipSpace();
     const size_t keyStart = _c.GetOffset();
     std::string_view key;
     if (!_c.ReadIdentifier(&key, true) || !_c.Expect('=')) return false;
@@ -179,12 +180,12 @@ bool UsdaParser::ParseMetadataEntry(const SdfPath& path, bool isLayer)
         return true;
     }
     if (!field) {
-        if (op != SdfListOpTypeExplicit) {
-            _c.SetOffset(keyStart);
-            return _c.Fail("unknown list metadata '" + std::string(key) + "'");
-        }
+        // Kept as written, for what reads it by name and for writing it back;
+        // metadata this reader does not know is no reason to refuse a layer.
         VtValue value;
         if (!Sdf_ParseUnknownMetadataValue(_c, &value)) return false;
+        WarnAt(keyStart, "unknown metadata '" + std::string(key) + "' is kept unregistered" +
+                             (op != SdfListOpTypeExplicit ? ", without its list operation" : ""));
         _data->Set(path, TfToken(std::string(key)), std::move(value));
         return true;
     }

@@ -27,6 +27,7 @@
 #include "usdcore/vt/array.h"
 
 #include <charconv>
+#include <cctype>
 #include <cmath>
 #include <limits>
 #include <typeindex>
@@ -41,33 +42,44 @@ namespace {
 template <class Int>
 bool ParseInteger(Sdf_TextCursor& cursor, Int* out)
 {
-    if constexpr (std::is_signed_v<Int>) {
-        int64_t value = 0;
-        if (!cursor.ReadInt64(&value)) return false;
-        if (value < std::numeric_limits<Int>::min() || value > std::numeric_limits<Int>::max()) {
-            return cursor.Fail("integer out of range");
-        }
-        *out = static_cast<Int>(value);
-    } else {
-        uint64_t value = 0;
-        if (!cursor.ReadUInt64(&value)) return false;
-        if (value > std::numeric_limits<Int>::max()) {
-            return cursor.Fail("integer out of range");
-        }
-        *out = static_cast<Int>(value);
+    using Wide = std::conditional_t<std::is_signed_v<Int>, int64_t, uint64_t>;
+    cursor.SkipSpace();
+    const size_t start = cursor.GetOffset();
+    Wide value = 0;
+    if (!cursor.ReadInteger(&value)) return false;
+    if (value < Wide(std::numeric_limits<Int>::min()) || value > Wide(std::numeric_limits<Int>::max())) {
+        cursor.SetOffset(start);
+        return cursor.Fail("integer out of range");
     }
+    *out = static_cast<Int>(value);
     return true;
 }
 
+// A number (true when not zero), or a word or string OpenUSD takes for a
+// boolean, in any case: true, false, yes, no, 1, 0 ('instanceable = True').
 bool ParseElement(Sdf_TextCursor& c, bool* out)
 {
     c.SkipSpace();
-    if (c.AcceptKeyword("true")) { *out = true; return true; }
-    if (c.AcceptKeyword("false")) { *out = false; return true; }
-    int64_t value = 0;
-    if (!c.ReadInt64(&value)) return false;
-    *out = value != 0;
-    return true;
+    if (c.AtNumber()) {
+        double value = 0;
+        if (!c.ReadDouble(&value)) return false;
+        *out = value != 0;
+        return true;
+    }
+    const size_t start = c.GetOffset();
+    std::string text;
+    if (c.AtString()) {
+        if (!c.ReadString(&text)) return false;
+    } else {
+        std::string_view word;
+        if (!c.ReadIdentifier(&word)) return false;
+        text = word;
+    }
+    for (char& ch : text) ch = char(std::tolower(static_cast<unsigned char>(ch)));
+    if (text == "true" || text == "yes" || text == "1") { *out = true; return true; }
+    if (text == "false" || text == "no" || text == "0") { *out = false; return true; }
+    c.SetOffset(start);
+    return c.Fail("expected a boolean");
 }
 bool ParseElement(Sdf_TextCursor& c, unsigned char* out) { return ParseInteger(c, out); }
 bool ParseElement(Sdf_TextCursor& c, int* out) { return ParseInteger(c, out); }
