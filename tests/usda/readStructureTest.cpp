@@ -155,6 +155,30 @@ def Xform "A" (
     EXPECT_EQ(capture.Count(TF_DIAGNOSTIC_RUNTIME_ERROR_TYPE), 0u);
 }
 
+// 'relocates' fills the layer's own field in layer metadata and the prim's
+// in a prim's, in the order written; prim paths are anchored at the prim.
+TEST(UsdaPrims, RelocatesOfTheLayerAndOfAPrim)
+{
+    const SdfData data = Read(R"(#usda 1.0
+(
+    relocates = {
+        </A/Child> : </A/Moved>,
+        </A/Gone> : <>
+    }
+)
+def "A" (
+    relocates = { <Inner> : <Outer>, }
+)
+{
+}
+)");
+    EXPECT_EQ(Field<SdfRelocates>(data, "/", SdfFieldKeys->LayerRelocates),
+              (SdfRelocates{{SdfPath("/A/Child"), SdfPath("/A/Moved")}, {SdfPath("/A/Gone"), SdfPath()}}));
+    EXPECT_EQ(Field<SdfRelocates>(data, "/A", SdfFieldKeys->Relocates),
+              (SdfRelocates{{SdfPath("/A/Inner"), SdfPath("/A/Outer")}}));
+    EXPECT_FALSE(data.Has(SdfPath("/"), SdfFieldKeys->Relocates, nullptr));
+}
+
 TEST(UsdaPrims, NoneMakesAnEmptyExplicitList)
 {
     const SdfData data = Read("#usda 1.0\ndef \"A\" ( references = None ) {}\n");

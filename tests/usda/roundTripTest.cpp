@@ -134,8 +134,10 @@ TEST(UsdaRoundTrip, StringsPathsAndEveryMetadataShape)
     subLayers = [@a@ (offset = 1.5; scale = 2), @b@]
     unknownThing = { int x = 1 }
     otherThing = (1, <a>, "s")
+    relocates = { </A/x> : </A/y>, </A/z> : <> }
 )
 def "A" (
+    relocates = { <In> : <Out> }
     prepend references = [@r.usda@</X> (offset = 2; customData = { int k = 1 }), </I>]
     delete payload = @p@
     append inherits = </C>

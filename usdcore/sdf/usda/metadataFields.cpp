@@ -28,6 +28,9 @@ constexpr Sdf_MetadataField kFields[] = {
     {"colorConfiguration", "colorConfiguration", Kind::Asset},
     {"colorManagementSystem", "colorManagementSystem", Kind::Token},
     {"subLayers", "subLayers", Kind::SubLayers},
+    // Written 'relocates' in a layer's metadata too; the reader files it
+    // there under its own field.
+    {"relocates", "layerRelocates", Kind::Relocates},
     // Prims.
     {"active", "active", Kind::Bool},
     {"instanceable", "instanceable", Kind::Bool},
@@ -36,6 +39,7 @@ constexpr Sdf_MetadataField kFields[] = {
     {"references", "references", Kind::ReferenceListOp},
     {"payload", "payload", Kind::PayloadListOp},
     {"inherits", "inheritPaths", Kind::PathListOp},
+    {"relocates", "relocates", Kind::Relocates},
     {"specializes", "specializes", Kind::PathListOp},
     {"variantSets", "variantSetNames", Kind::StringListOp},
     {"variants", "variantSelection", Kind::VariantSelection},
@@ -72,12 +76,16 @@ constexpr Sdf_MetadataField kFields[] = {
 
 } // namespace
 
-const Sdf_MetadataField* Sdf_FindMetadataByKeyword(std::string_view keyword)
+const Sdf_MetadataField* Sdf_FindMetadataByKeyword(std::string_view keyword, bool isLayer)
 {
+    const Sdf_MetadataField* found = nullptr;
     for (const Sdf_MetadataField& field : kFields) {
-        if (field.keyword == keyword) return &field;
+        if (field.keyword != keyword) continue;
+        // Of a keyword listed twice, the first entry is the layer's.
+        if (isLayer) return &field;
+        found = &field;
     }
-    return nullptr;
+    return found;
 }
 
 const Sdf_MetadataField* Sdf_FindMetadataByField(const TfToken& fieldName)

@@ -30,6 +30,7 @@ enum class Sdf_MetadataKind {
     VariantSelection,
     Permission,
     SubLayers,
+    Relocates,
 };
 
 struct Sdf_MetadataField {
@@ -38,8 +39,9 @@ struct Sdf_MetadataField {
     Sdf_MetadataKind kind;
 };
 
-/// The entry for \p keyword as written in a layer, or null.
-const Sdf_MetadataField* Sdf_FindMetadataByKeyword(std::string_view keyword);
+/// The entry for \p keyword as written in a layer's own metadata (\p isLayer)
+/// or in a prim's or property's, or null.
+const Sdf_MetadataField* Sdf_FindMetadataByKeyword(std::string_view keyword, bool isLayer = false);
 /// The entry that fills \p fieldName, or null.
 const Sdf_MetadataField* Sdf_FindMetadataByField(const TfToken& fieldName);
 

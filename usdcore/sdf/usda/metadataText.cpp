@@ -141,6 +141,36 @@ bool ParseListOpValue(Sdf_TextCursor& c, SdfListOpType op, VtValue* value, ReadI
     return true;
 }
 
+// '{ <source> : <target>, ... }'; an empty target '<>' relocates the
+// source away. Order is kept, as OpenUSD keeps it.
+bool ParseRelocates(Sdf_TextCursor& c, const SdfPath& anchor, VtValue* value)
+{
+    SdfRelocates relocates;
+    auto readPath = [&](SdfPath* path) {
+        c.SkipSpace();
+        if (c.Peek() == '<' && c.PeekAt(1) == '>') {
+            c.SetOffset(c.GetOffset() + 2);
+            *path = SdfPath();
+            return true;
+        }
+        return ParsePath(c, anchor, path);
+    };
+    if (!c.Expect('{')) return false;
+    while (!c.Accept('}')) {
+        SdfRelocate relocate;
+        if (!ParsePath(c, anchor, &relocate.first) || !c.Expect(':') || !readPath(&relocate.second)) {
+            return false;
+        }
+        relocates.push_back(std::move(relocate));
+        if (!c.Accept(',')) {
+            if (!c.Expect('}')) return false;
+            break;
+        }
+    }
+    *value = VtValue::Take(relocates);
+    return true;
+}
+
 bool ParseTyped(Sdf_TextCursor& c, const char* typeName, VtValue* value)
 {
     return Sdf_ParseTypedValue(c, typeName, value);
@@ -346,6 +376,8 @@ bool Sdf_ParseMetadataValue(Sdf_TextCursor& c, const Sdf_MetadataField& field, S
     }
     case Kind::SubLayers:
         return c.Fail("'subLayers' is layer metadata only");
+    case Kind::Relocates:
+        return ParseRelocates(c, anchor, value);
     }
     return false;
 }
@@ -461,6 +493,15 @@ void Sdf_FormatMetadata(const TfToken& fieldName, const VtValue& value, int inde
             selections[set] = VtValue(variant);
         }
         Sdf_FormatDictionary(selections, indent, &text);
+    } else if (value.IsHolding<SdfRelocates>()) {
+        text = "{";
+        const SdfRelocates& relocates = value.UncheckedGet<SdfRelocates>();
+        for (size_t i = 0; i < relocates.size(); ++i) {
+            text += i == 0 ? "\n" : ",\n";
+            text.append(size_t(indent + 1) * 4, ' ');
+            text += "<" + relocates[i].first.GetString() + "> : <" + relocates[i].second.GetString() + ">";
+        }
+        text += relocates.empty() ? "}" : "\n" + std::string(size_t(indent) * 4, ' ') + "}";
     } else if (value.IsHolding<SdfPermission>()) {
         text = value.UncheckedGet<SdfPermission>() == SdfPermissionPrivate ? "private" : "public";
     } else if (value.IsHolding<bool>()) {

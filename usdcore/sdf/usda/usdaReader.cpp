@@ -166,7 +166,7 @@ bool UsdaParser::ParseMetadataEntry(const SdfPath& path, bool isLayer)
     const size_t keyStart = _c.GetOffset();
     std::string_view key;
     if (!_c.ReadIdentifier(&key, true) || !_c.Expect('=')) return false;
-    const Sdf_MetadataField* field = Sdf_FindMetadataByKeyword(key);
+    const Sdf_MetadataField* field = Sdf_FindMetadataByKeyword(key, isLayer);
     if (field && field->kind == Sdf_MetadataKind::SubLayers) {
         if (!isLayer) {
             _c.SetOffset(keyStart);
