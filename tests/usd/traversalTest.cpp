@@ -68,6 +68,27 @@ TEST_F(TraversalTest, PrimFlags)
     EXPECT_TRUE(stage->GetPrimAtPath(SdfPath("/F")).IsInstanceable());
 }
 
+// Below an instance are its prototype's prims at the instance's place:
+// visited only when asked for, and then every walk that starts among them
+// stays among them. What the stage's own layer authors below the instance
+// is no part of it.
+TEST_F(TraversalTest, InstanceProxiesOnlyWhenAskedFor)
+{
+    EXPECT_THAT(PrimPaths(stage->Traverse(UsdTraverseInstanceProxies())),
+                ElementsAre("/A", "/A/A1", "/A/A1/A1a", "/A/A2", "/E", "/E/Inner", "/F", "/F/F1", "/Proto",
+                            "/Proto/Inner"));
+    EXPECT_THAT(PrimPaths(stage->TraverseAll()), ::testing::Not(::testing::Contains("/E/Inner")));
+    const UsdPrim proxy = stage->GetPrimAtPath(SdfPath("/E/Inner"));
+    ASSERT_TRUE(proxy);
+    EXPECT_TRUE(proxy.IsInstanceProxy());
+    EXPECT_FALSE(proxy.IsInstance());
+    EXPECT_FALSE(stage->GetPrimAtPath(SdfPath("/E")).IsInstanceProxy());
+    EXPECT_FALSE(stage->GetPrimAtPath(SdfPath("/Proto/Inner")).IsInstanceProxy());
+    EXPECT_THAT(PrimPaths(stage->GetPrimAtPath(SdfPath("/E")).GetFilteredChildren(UsdTraverseInstanceProxies())),
+                ElementsAre("/E/Inner"));
+    EXPECT_THAT(PrimPaths(UsdPrimRange(proxy)), ElementsAre("/E/Inner"));
+}
+
 TEST_F(TraversalTest, PrunedChildrenAreSkipped)
 {
     std::vector<std::string> visited;

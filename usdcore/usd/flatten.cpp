@@ -225,14 +225,6 @@ void Flattener::Finish()
 
 } // namespace
 
-bool UsdStage::_HasInstances() const
-{
-    for (const Usd_PrimData& prim : _contents->prims) {
-        if (prim.Has(Usd_PrimInstanceFlag)) return true;
-    }
-    return false;
-}
-
 void UsdStage::_FlattenInto(SdfData* data) const
 {
     data->CreateSpec(SdfPath::AbsoluteRootPath(), SdfSpecTypePseudoRoot);
@@ -261,15 +253,9 @@ void UsdStage::_FlattenInto(SdfData* data) const
 SdfLayerRefPtr UsdStage::Flatten(bool addSourceFileComment) const
 {
     SdfData data;
-    if (_HasInstances()) {
-        // An instance's children are not on this stage: compose a private
-        // stage that expands them, and write that one.
-        UsdStageRefPtr expanded = TfCreateRefPtr(new UsdStage(_rootLayer, _load, true));
-        expanded->_Compose();
-        expanded->_FlattenInto(&data);
-    } else {
-        _FlattenInto(&data);
-    }
+    // Instances are written with their composed content: their children
+    // are on the stage like any other prims.
+    _FlattenInto(&data);
     if (addSourceFileComment) {
         std::string documentation;
         data.Has(SdfPath::AbsoluteRootPath(), SdfFieldKeys->Documentation, &documentation);

@@ -35,7 +35,8 @@ UsdPrim UsdPrim::GetParent() const
 UsdPrim::SiblingRange UsdPrim::GetFilteredChildren(const Usd_PrimFlagsPredicate& predicate) const
 {
     if (!_prim) return SiblingRange();
-    return SiblingRange(UsdPrimSiblingIterator(_prim->firstChild, predicate), UsdPrimSiblingIterator());
+    return SiblingRange(UsdPrimSiblingIterator(_prim->firstChild, Usd_PredicateBelow(*_prim, predicate)),
+                        UsdPrimSiblingIterator());
 }
 
 UsdPrim::SiblingRange UsdPrim::GetChildren() const
@@ -71,6 +72,7 @@ bool UsdPrim::IsDefined() const { return _prim && _prim->Has(Usd_PrimDefinedFlag
 bool UsdPrim::IsAbstract() const { return _prim && _prim->Has(Usd_PrimAbstractFlag); }
 bool UsdPrim::HasDefiningSpecifier() const { return _prim && _prim->Has(Usd_PrimHasDefiningSpecifierFlag); }
 bool UsdPrim::IsInstance() const { return _prim && _prim->Has(Usd_PrimInstanceFlag); }
+bool UsdPrim::IsInstanceProxy() const { return _prim && _prim->Has(Usd_PrimInstanceProxyFlag); }
 bool UsdPrim::HasPayload() const { return _prim && _prim->Has(Usd_PrimHasPayloadFlag); }
 
 bool UsdPrim::IsInstanceable() const

@@ -45,6 +45,8 @@ public:
     /// Instanceable and composed from arcs of its own: its children are
     /// not part of the stage's prim tree here.
     bool IsInstance() const;
+    /// Below an instance: a prim of its prototype at the instance's place.
+    bool IsInstanceProxy() const;
     bool IsInstanceable() const;
     bool HasPayload() const;
     bool HasAuthoredPayloads() const { return HasPayload(); }

@@ -55,6 +55,13 @@ inline bool Usd_PrimFlagsPredicate::operator()(const Usd_PrimData& prim) const
     return Matches(prim.flags);
 }
 
+/// \p predicate for what is below \p prim: a walk that starts at an
+/// instance proxy is already inside an instance, and sees the proxies there.
+inline Usd_PrimFlagsPredicate Usd_PredicateBelow(const Usd_PrimData& prim, const Usd_PrimFlagsPredicate& predicate)
+{
+    return prim.Has(Usd_PrimInstanceProxyFlag) ? UsdTraverseInstanceProxies(predicate) : predicate;
+}
+
 /// The strongest value of \p field among the prim's specs, or null.
 const VtValue* Usd_FindPrimField(const Usd_PrimData& prim, const TfToken& field);
 

@@ -23,6 +23,9 @@ enum Usd_PrimFlags : uint32_t {
     Usd_PrimHasDefiningSpecifierFlag = 1u << 5,
     Usd_PrimHasPayloadFlag = 1u << 6,
     Usd_PrimPseudoRootFlag = 1u << 7,
+    /// Below an instance: a prim of the instance's prototype, seen at the
+    /// instance's place in namespace.
+    Usd_PrimInstanceProxyFlag = 1u << 9,
 };
 
 /// One condition: a flag set, or with operator! a flag clear.
@@ -59,18 +62,32 @@ public:
         return result;
     }
 
-    constexpr bool Matches(uint32_t flags) const { return (flags & _mask) == _values; }
+    /// Instance proxies match only a predicate that asks for them.
+    constexpr bool Matches(uint32_t flags) const
+    {
+        return (flags & _mask) == _values && (_traverseInstanceProxies || !(flags & Usd_PrimInstanceProxyFlag));
+    }
+    constexpr bool IncludesInstanceProxies() const { return _traverseInstanceProxies; }
+    friend constexpr Usd_PrimFlagsPredicate UsdTraverseInstanceProxies(Usd_PrimFlagsPredicate predicate);
     bool operator()(const Usd_PrimData& prim) const;
 
     constexpr bool operator==(const Usd_PrimFlagsPredicate& o) const
     {
-        return _mask == o._mask && _values == o._values;
+        return _mask == o._mask && _values == o._values && _traverseInstanceProxies == o._traverseInstanceProxies;
     }
 
 private:
     uint32_t _mask = 0;
     uint32_t _values = 0;
+    bool _traverseInstanceProxies = false;
 };
+
+/// \p predicate, also matching the prims below instances (instance proxies).
+constexpr Usd_PrimFlagsPredicate UsdTraverseInstanceProxies(Usd_PrimFlagsPredicate predicate)
+{
+    predicate._traverseInstanceProxies = true;
+    return predicate;
+}
 
 using Usd_PrimFlagsConjunction = Usd_PrimFlagsPredicate;
 
@@ -91,5 +108,11 @@ inline constexpr Usd_Term UsdPrimHasDefiningSpecifier{Usd_PrimHasDefiningSpecifi
 inline constexpr Usd_PrimFlagsPredicate UsdPrimDefaultPredicate =
     UsdPrimIsActive && UsdPrimIsDefined && UsdPrimIsLoaded && !UsdPrimIsAbstract;
 inline constexpr Usd_PrimFlagsPredicate UsdPrimAllPrimsPredicate{};
+
+/// The default predicate, also matching instance proxies.
+constexpr Usd_PrimFlagsPredicate UsdTraverseInstanceProxies()
+{
+    return UsdTraverseInstanceProxies(UsdPrimDefaultPredicate);
+}
 
 PXR_NAMESPACE_CLOSE_SCOPE

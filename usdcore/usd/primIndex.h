@@ -58,6 +58,9 @@ struct Usd_IndexNode {
     /// Came with an arc authored on this prim, not on an ancestor.
     bool direct = false;
     bool variantsDone = false;
+    /// The stage's own site below an instance: it lends the prim nothing,
+    /// however many specs its layers have there.
+    bool culled = false;
 };
 
 /// The arcs of one prim. The first node is the stage's own layer stack.

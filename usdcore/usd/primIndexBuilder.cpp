@@ -167,7 +167,12 @@ Usd_IndexGraph Usd_PrimIndexBuilder::BuildChild(const Usd_IndexGraph& parent, co
         Usd_IndexNode node = parentNode;
         // The first node is the stage's own site: the prim path itself.
         node.path = graph.nodes.empty() ? primPath : parentNode.path.AppendChild(name);
-        SummarizeSite(&node);
+        if (node.culled) {
+            node.hasSpecs = false;
+            node.hasArcs = false;
+        } else {
+            SummarizeSite(&node);
+        }
         node.direct = false;
         node.variantsDone = !node.hasArcs;
         graph.nodes.push_back(node);

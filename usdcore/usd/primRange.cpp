@@ -21,10 +21,11 @@ UsdPrimRange::UsdPrimRange(const UsdPrim& start, const Usd_PrimFlagsPredicate& p
 {
     if (!start.IsValid()) return;
     const Usd_PrimData* prim = start._prim;
-    if (predicate(*prim)) {
+    const Usd_PrimFlagsPredicate below = Usd_PredicateBelow(*prim, predicate);
+    if (below(*prim)) {
         _first = prim;
         _top = prim;
-        _predicate = predicate;
+        _predicate = below;
     }
 }
 

@@ -39,12 +39,10 @@ const T* FindHeld(const SdfData::FieldVector& fields, const TfToken& name)
 // Child names over the prim's specs: the weakest spec's order first, each
 // stronger spec appending the names it alone has, then reordering by its
 // primOrder.
-std::vector<TfToken> ComposeChildNames(const Usd_PrimData& prim)
+std::vector<TfToken> ComposeChildNames(const Usd_Opinion* begin, const Usd_Opinion* end)
 {
     std::vector<TfToken> names;
     std::unordered_set<TfToken, TfToken::HashFunctor> seen;
-    const Usd_Opinion* begin = prim.OpinionsBegin();
-    const Usd_Opinion* end = prim.OpinionsEnd();
     const bool single = end - begin == 1;
     for (const Usd_Opinion* opinion = end; opinion != begin;) {
         --opinion;
@@ -63,6 +61,26 @@ std::vector<TfToken> ComposeChildNames(const Usd_PrimData& prim)
         }
     }
     return names;
+}
+
+std::vector<TfToken> ComposeChildNames(const Usd_PrimData& prim)
+{
+    return ComposeChildNames(prim.OpinionsBegin(), prim.OpinionsEnd());
+}
+
+// An instance's children are what its arcs bring: what the stage's own
+// layers author below it is not instanced, as OpenUSD leaves it out of the
+// prototype. The instance's site in those layers is culled from its graph,
+// and so from every graph built below it.
+std::vector<TfToken> CullLocalSiteOfInstance(Usd_IndexGraph* graph)
+{
+    Usd_IndexNode& local = graph->nodes.front();
+    local.culled = true;
+    local.hasSpecs = false;
+    local.hasArcs = false;
+    std::vector<Usd_Opinion> opinions;
+    Usd_PrimIndexBuilder::AppendOpinions(*graph, &opinions);
+    return ComposeChildNames(opinions.data(), opinions.data() + opinions.size());
 }
 
 SdfSpecifier ComposeSpecifier(const Usd_PrimData& prim)
@@ -130,8 +148,8 @@ UsdStageRefPtr UsdStage::Open(const SdfLayerHandle& rootLayer, InitialLoadSet lo
     return stage;
 }
 
-UsdStage::UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load, bool expandInstances)
-    : _rootLayer(rootLayer), _load(load), _expandInstances(expandInstances), _contents(std::make_unique<_Contents>())
+UsdStage::UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load)
+    : _rootLayer(rootLayer), _load(load), _contents(std::make_unique<_Contents>())
 {
 }
 
@@ -201,24 +219,27 @@ void UsdStage::_Compose()
         prim->typeName = StrongestField(*prim, SdfFieldKeys->TypeName, TfToken());
         const bool active = StrongestField(*prim, SdfFieldKeys->Active, true);
         const bool defining = SdfIsDefiningSpecifier(prim->specifier);
-        const bool instance = !_expandInstances &&
-                              StrongestField(*prim, SdfFieldKeys->Instanceable, false) && graph.HasDirectArcs();
+        const bool instance = StrongestField(*prim, SdfFieldKeys->Instanceable, false) && graph.HasDirectArcs();
         uint32_t flags = 0;
         flags |= active ? Usd_PrimActiveFlag : 0u;
         flags |= parent->Has(Usd_PrimLoadedFlag) && (!graph.hasPayload || _load == LoadAll) ? Usd_PrimLoadedFlag : 0u;
         flags |= parent->Has(Usd_PrimDefinedFlag) && defining ? Usd_PrimDefinedFlag : 0u;
         flags |= parent->Has(Usd_PrimAbstractFlag) || prim->specifier == SdfSpecifierClass ? Usd_PrimAbstractFlag : 0u;
         flags |= instance ? Usd_PrimInstanceFlag : 0u;
+        flags |= parent->Has(Usd_PrimInstanceFlag) || parent->Has(Usd_PrimInstanceProxyFlag) ? Usd_PrimInstanceProxyFlag
+                                                                                            : 0u;
         flags |= defining ? Usd_PrimHasDefiningSpecifierFlag : 0u;
         flags |= graph.hasPayload ? Usd_PrimHasPayloadFlag : 0u;
         prim->flags = flags;
 
-        // Inactive prims hide what is below them; an instance's children
-        // belong to its prototype, which this stage does not build.
-        if (!active || instance) {
+        // Inactive prims hide what is below them. An instance's children are
+        // composed in place, one copy per instance rather than one shared
+        // prototype, and flagged as instance proxies: traversals that do not
+        // ask for those stop at the instance, as over a prototype.
+        if (!active) {
             continue;
         }
-        std::vector<TfToken> childNames = ComposeChildNames(*prim);
+        std::vector<TfToken> childNames = instance ? CullLocalSiteOfInstance(&graph) : ComposeChildNames(*prim);
         if (!childNames.empty()) {
             stack.push_back({prim, std::move(graph), std::move(childNames)});
         }

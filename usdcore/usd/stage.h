@@ -97,16 +97,12 @@ public:
 private:
     struct _Contents;
 
-    UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load, bool expandInstances = false);
+    UsdStage(const SdfLayerRefPtr& rootLayer, InitialLoadSet load);
     void _Compose();
-    bool _HasInstances() const;
     void _FlattenInto(SdfData* data) const;
 
     SdfLayerRefPtr _rootLayer;
     InitialLoadSet _load;
-    /// Compose the children of instanceable prims in place, as if none were
-    /// instances: what flattening writes.
-    bool _expandInstances;
     std::unique_ptr<_Contents> _contents;
 };
 
