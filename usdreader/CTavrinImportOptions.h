@@ -7,4 +7,7 @@ struct CTavrinImportOptions {
     // objects with the triangle mesh OpenUSD's imaging draws for them. Off,
     // they make no node, as any other prim type the import does not read.
     bool shapes = true;
+    // What instanceable prims bring in is converted below each instance as
+    // if it were authored there. Off, an instance makes its own node only.
+    bool instances = true;
 };

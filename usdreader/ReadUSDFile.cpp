@@ -82,12 +82,16 @@ CTavrinDocument* CTavrinUSDReaderHandler::ReadUSDFile(CTavrinString path, CTavri
     UnpackToTemporaryFolder(path);
     rootMatrix = RootCorrection(stage);
 
+    // Instanced content is walked as instance proxies: at the instance's
+    // place, named and parented as if authored there.
+    const Usd_PrimFlagsPredicate walked =
+        options.instances ? UsdTraverseInstanceProxies(UsdPrimDefaultPredicate) : UsdPrimDefaultPredicate;
     // A first walk only counts, so that progress can be told in percent.
-    for ([[maybe_unused]] const UsdPrim& prim : stage->Traverse())
+    for ([[maybe_unused]] const UsdPrim& prim : stage->Traverse(walked))
         ++primCount;
     // Parents come before their children, so a parent's node is always in
     // nodesByPath by the time its children look for it.
-    for (const UsdPrim& prim : stage->Traverse()) {
+    for (const UsdPrim& prim : stage->Traverse(walked)) {
         ++visitedPrimCount;
         if (progressCallback && primCount > 0) {
             const int percent = static_cast<int>(static_cast<double>(visitedPrimCount) / primCount * 96.0 + 2.0);

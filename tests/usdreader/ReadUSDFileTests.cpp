@@ -245,16 +245,75 @@ class Xform "Template" { def Xform "UnderTemplate" {} }
     EXPECT_EQ(result.handler->primCount, 1);
 }
 
-TEST(ReadUSDFileWalk, AnInstanceIsVisitedButNotEntered)
+// A chair asset instanced twice: what the instances bring is converted
+// below each of them as if authored there, its material bound through what
+// the asset binds, while what the scene authors below an instance is not
+// instanced, as OpenUSD leaves it out.
+const char* const InstancedChairs = R"(#usda 1.0
+(
+    upAxis = "Z"
+    metersPerUnit = 1
+)
+class Xform "Chair"
 {
-    const ImportResult result = ImportText(R"(#usda 1.0
-class Xform "Template" { def Xform "Inner" {} }
-def Xform "Instance" (instanceable = true
-    prepend references = </Template>) {}
-def Xform "Copy" (prepend references = </Template>) {}
-)");
-    EXPECT_THAT(NodeNames(result.json), ElementsAre("Instance", "Copy", "Inner"));
-    EXPECT_EQ(NodeNamed(result.json, "Inner").at("parent"), NodeNamed(result.json, "Copy").at("id"));
+    def Mesh "Seat" (prepend apiSchemas = ["MaterialBindingAPI"])
+    {
+        int[] faceVertexCounts = [3]
+        int[] faceVertexIndices = [0, 1, 2]
+        point3f[] points = [(0, 0, 0), (1, 0, 0), (0, 1, 0)]
+        rel material:binding = </Chair/Wood>
+    }
+    def Material "Wood"
+    {
+        token outputs:surface.connect = </Chair/Wood/Surface.outputs:surface>
+        def Shader "Surface"
+        {
+            uniform token info:id = "UsdPreviewSurface"
+            color3f inputs:diffuseColor = (0.5, 0.25, 0)
+            token outputs:surface
+        }
+    }
+}
+def Xform "Left" (instanceable = true
+    prepend references = </Chair>)
+{
+    double3 xformOp:translate = (-2, 0, 0)
+    uniform token[] xformOpOrder = ["xformOp:translate"]
+    def Xform "LocalOnly" {}
+}
+def Xform "Right" (instanceable = true
+    prepend references = </Chair>)
+{
+    double3 xformOp:translate = (2, 0, 0)
+    uniform token[] xformOpOrder = ["xformOp:translate"]
+}
+)";
+
+TEST(ReadUSDFileWalk, InstancedContentIsConvertedBelowEachInstance)
+{
+    const ImportResult result = ImportText(InstancedChairs);
+    EXPECT_THAT(NodeNames(result.json), ElementsAre("Left", "Seat", "Right", "Seat"));
+    EXPECT_EQ(result.handler->primCount, 8);
+    const auto& nodes = result.json.at("nodes");
+    ASSERT_EQ(nodes.size(), 4u);
+    EXPECT_EQ(nodes[1].at("parent"), nodes[0].at("id"));
+    EXPECT_EQ(nodes[3].at("parent"), nodes[2].at("id"));
+    for (const size_t seat : {1u, 3u}) {
+        EXPECT_EQ(nodes[seat].at("material").at("set").at("Color"), CTavrinJson::parse("[0.5, 0.25, 0]"));
+        EXPECT_EQ(nodes[seat].at("geometry"), nodes[1].at("geometry"));
+    }
+    EXPECT_EQ(nodes[0].at("localMatrix").at(3), -2.0);
+    EXPECT_EQ(nodes[2].at("localMatrix").at(3), 2.0);
+}
+
+TEST(ReadUSDFileWalk, WithoutInstancesAnInstanceIsVisitedButNotEntered)
+{
+    ScratchFolder scratch;
+    const std::string path = scratch.Write("chairs.usda", InstancedChairs);
+    const ImportResult result = ImportFile(path, scratch.Path().string(), true,
+                                           [](CTavrinUSDReaderHandler& handler) { handler.options.instances = false; });
+    EXPECT_THAT(NodeNames(result.json), ElementsAre("Left", "Right"));
+    EXPECT_EQ(result.handler->primCount, 2);
 }
 
 } // namespace

@@ -254,6 +254,23 @@ def Material "Paint" {
     EXPECT_EQ(ReadJson(withoutShapes).at("document").at("nodes"), CTavrinJson::array());
 }
 
+// --no-instances reaches the importer through the plug-in.
+TEST(ToolOptions, InstancedContentImportsUnlessLeftOut)
+{
+    ScratchFolder scratch;
+    const std::string scene = scratch.Write("stools.usda", ZUpScene(R"(
+class Xform "Stool" { def Xform "Leg" {} }
+def Xform "One" (instanceable = true
+    prepend references = </Stool>) {}
+)"));
+    const std::filesystem::path with = scratch.Path() / "with.json";
+    const std::filesystem::path without = scratch.Path() / "without.json";
+    EXPECT_EQ(RunTool("'" + scene + "' --quiet --json '" + with.string() + "'").exitStatus, 0);
+    EXPECT_EQ(RunTool("'" + scene + "' --quiet --no-instances --json '" + without.string() + "'").exitStatus, 0);
+    EXPECT_THAT(NodeNames(ReadJson(with).at("document")), ElementsAre("One", "Leg"));
+    EXPECT_THAT(NodeNames(ReadJson(without).at("document")), ElementsAre("One"));
+}
+
 TEST(ToolProgress, PlainLinesOutsideATerminalOnePerChange)
 {
     ScratchFolder scratch;

@@ -6,7 +6,9 @@ namespace TavrinUsdImport {
 
 const char* const usageText =
     "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH] [--no-shapes]\n"
-    "  --no-shapes  leave Cube, Sphere, Cylinder, Cone, Capsule and Plane prims out\n";
+    "                         [--no-instances]\n"
+    "  --no-shapes     leave Cube, Sphere, Cylinder, Cone, Capsule and Plane prims out\n"
+    "  --no-instances  leave what instanceable prims bring in out (the instance itself stays)\n";
 
 namespace {
 
@@ -50,6 +52,8 @@ bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLin
             commandLine.quiet = true;
         } else if (std::strcmp(argument, "--no-shapes") == 0) {
             commandLine.options.shapes = false;
+        } else if (std::strcmp(argument, "--no-instances") == 0) {
+            commandLine.options.instances = false;
         } else if (std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0) {
             commandLine.help = true;
         } else if (argument[0] == '-' && argument[1] != '\0') {
