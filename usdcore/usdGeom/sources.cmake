@@ -9,6 +9,7 @@ list(APPEND USDCORE_SOURCES
   usdGeom/mesh.cpp
   usdGeom/metrics.cpp
   usdGeom/plane.cpp
+  usdGeom/pointInstancer.cpp
   usdGeom/pointBased.cpp
   usdGeom/primvar.cpp
   usdGeom/primvarsAPI.cpp

@@ -36,11 +36,14 @@
     X(guide, "guide")                                                         \
     X(height, "height")                                                       \
     X(holeIndices, "holeIndices")                                             \
+    X(ids, "ids")                                                             \
+    X(inactiveIds, "inactiveIds")                                             \
     X(indices, "indices")                                                     \
     X(inherited, "inherited")                                                 \
     X(interpolateBoundary, "interpolateBoundary")                             \
     X(interpolation, "interpolation")                                         \
     X(invisible, "invisible")                                                 \
+    X(invisibleIds, "invisibleIds")                                           \
     X(leftHanded, "leftHanded")                                               \
     X(length, "length")                                                       \
     X(loop, "loop")                                                           \
@@ -48,15 +51,20 @@
     X(none, "none")                                                           \
     X(normals, "normals")                                                     \
     X(orientation, "orientation")                                             \
+    X(orientations, "orientations")                                           \
     X(point, "point")                                                         \
     X(points, "points")                                                       \
+    X(positions, "positions")                                                 \
     X(primvarsDisplayColor, "primvars:displayColor")                          \
     X(primvarsDisplayOpacity, "primvars:displayOpacity")                      \
+    X(protoIndices, "protoIndices")                                           \
+    X(prototypes, "prototypes")                                               \
     X(proxy, "proxy")                                                         \
     X(purpose, "purpose")                                                     \
     X(radius, "radius")                                                       \
     X(render, "render")                                                       \
     X(rightHanded, "rightHanded")                                             \
+    X(scales, "scales")                                                       \
     X(size, "size")                                                           \
     X(smooth, "smooth")                                                       \
     X(subdivisionScheme, "subdivisionScheme")                                 \

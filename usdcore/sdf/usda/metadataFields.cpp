@@ -52,6 +52,7 @@ constexpr Sdf_MetadataField kFields[] = {
     {"prefixSubstitutions", "prefixSubstitutions", Kind::Dictionary},
     {"suffixSubstitutions", "suffixSubstitutions", Kind::Dictionary},
     {"displayGroupOrder", "displayGroupOrder", Kind::StringArray},
+    {"inactiveIds", "inactiveIds", Kind::Int64ListOp},
     // Properties.
     {"interpolation", "interpolation", Kind::Token},
     {"elementSize", "elementSize", Kind::Int},
@@ -100,7 +101,7 @@ const Sdf_MetadataField* Sdf_FindMetadataByField(const TfToken& fieldName)
 bool Sdf_IsListOpKind(Sdf_MetadataKind kind)
 {
     return kind == Kind::PathListOp || kind == Kind::ReferenceListOp || kind == Kind::PayloadListOp ||
-           kind == Kind::TokenListOp || kind == Kind::StringListOp;
+           kind == Kind::TokenListOp || kind == Kind::StringListOp || kind == Kind::Int64ListOp;
 }
 
 PXR_NAMESPACE_CLOSE_SCOPE

@@ -27,6 +27,7 @@ enum class Sdf_MetadataKind {
     PayloadListOp,
     TokenListOp,
     StringListOp,
+    Int64ListOp,
     VariantSelection,
     Permission,
     SubLayers,

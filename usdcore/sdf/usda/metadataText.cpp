@@ -216,6 +216,7 @@ void FormatItem(const SdfPath& path, int, std::string* out)
 }
 void FormatItem(const TfToken& token, int, std::string* out) { Sdf_FormatString(token.GetString(), out); }
 void FormatItem(const std::string& text, int, std::string* out) { Sdf_FormatString(text, out); }
+void FormatItem(int64_t number, int, std::string* out) { out->append(std::to_string(number)); }
 
 template <class Arc>
 void FormatItem(const Arc& arc, int indent, std::string* out)
@@ -351,6 +352,8 @@ bool Sdf_ParseMetadataValue(Sdf_TextCursor& c, const Sdf_MetadataField& field, S
     case Kind::StringListOp:
         return ParseListOpValue<std::string>(c, op, value,
                                              [&](std::string* s) { return ParseTextItem(c, s); });
+    case Kind::Int64ListOp:
+        return ParseListOpValue<int64_t>(c, op, value, [&](int64_t* n) { return c.ReadInteger(n); });
     case Kind::VariantSelection: {
         VtDictionary dictionary;
         if (!Sdf_ParseDictionary(c, &dictionary, 0)) return false;
@@ -482,6 +485,10 @@ void Sdf_FormatMetadata(const TfToken& fieldName, const VtValue& value, int inde
     }
     if (value.IsHolding<SdfStringListOp>()) {
         FormatListOp(value.UncheckedGet<SdfStringListOp>(), keyword, indent, out);
+        return;
+    }
+    if (value.IsHolding<SdfInt64ListOp>()) {
+        FormatListOp(value.UncheckedGet<SdfInt64ListOp>(), keyword, indent, out);
         return;
     }
     std::string text;
