@@ -10,4 +10,8 @@ struct CTavrinImportOptions {
     // What instanceable prims bring in is converted below each instance as
     // if it were authored there. Off, an instance makes its own node only.
     bool instances = true;
+    // A point instancer makes a node per shown instance, holding a copy of
+    // its prototype; the prototypes make none where they are authored. Off,
+    // the instancer makes no node and its prototypes are read in place.
+    bool pointInstancers = true;
 };

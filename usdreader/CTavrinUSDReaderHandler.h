@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "host/CTavrinMatrix.h"
 #include "host/CTavrinString.h"
@@ -51,6 +52,14 @@ public:
     // no node, its parent's node); a joint's name, as a one-element relative
     // path, to that joint.
     std::map<PXR_NS::SdfPath, CTavrinSceneNode*> nodesByPath;
+    // The prototype roots of the stage's point instancers, which make nodes
+    // only as copies below the instances.
+    std::set<PXR_NS::SdfPath> prototypeRoots;
+    // The point instancers being expanded, outermost first: one met again
+    // inside its own prototype is not expanded a second time.
+    std::vector<PXR_NS::SdfPath> expandingInstancers;
+    // Prims converted as instances' copies so far, against the limit.
+    std::size_t instancedPrimCount = 0;
     PXR_NS::UsdStageRefPtr stage;
     CTavrinDocument* document = nullptr;
     // Both end with one backslash (the system separator after conversion).
@@ -101,6 +110,15 @@ public:
 
     // Prims to nodes.
     void ReadPrim(const PXR_NS::UsdPrim& prim, CTavrinSceneNode* parentNode);
+    // The prims of range, each read under the node of its parent (the first
+    // under parentNode), with a progress report per prim when
+    // reportsProgress; prototypes of point instancers are left to their
+    // instancers. The number of prims read.
+    std::size_t ReadSubtree(const PXR_NS::UsdPrimRange& range, CTavrinSceneNode* parentNode, bool reportsProgress);
+    // A point instancer's node, and below it a transform node per shown
+    // instance holding a converted copy of the instance's prototype.
+    CTavrinSceneNode* ReadPointInstancer(const PXR_NS::UsdGeomPointInstancer& instancer,
+                                         CTavrinSceneNode* parentNode, const std::string& name);
     void ReadTransform(const PXR_NS::UsdGeomXformable& xformable, CTavrinSceneNode* node,
                        CTavrinSceneNode* parentNode, const std::string& name);
     // USD's row-vector matrix as a host column-vector matrix.

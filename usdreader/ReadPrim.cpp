@@ -29,6 +29,9 @@ void CTavrinUSDReaderHandler::ReadPrim(const UsdPrim& prim, CTavrinSceneNode* pa
         node = object;
     } else if (CTavrin3DObject* shape = options.shapes ? ReadShapeObject(prim, parentNode, name) : nullptr) {
         node = shape;
+    } else if (const UsdGeomPointInstancer instancer =
+                   options.pointInstancers ? UsdGeomPointInstancer::Get(stage, path) : UsdGeomPointInstancer()) {
+        node = ReadPointInstancer(instancer, parentNode, name);
     } else if (const UsdSkelRoot skeletonRoot = UsdSkelRoot::Get(stage, path)) {
         node = CTavrinSkeletonJoint::Create(document);
         ReadTransform(skeletonRoot, node, parentNode, name);
@@ -39,6 +42,34 @@ void CTavrinUSDReaderHandler::ReadPrim(const UsdPrim& prim, CTavrinSceneNode* pa
 
     if (node)
         nodesByPath[path] = node;
+}
+
+// Parents come before their children, so a parent's node is always in
+// nodesByPath by the time its children look for it; the first prim of the
+// walk hangs under parentNode.
+std::size_t CTavrinUSDReaderHandler::ReadSubtree(const UsdPrimRange& range, CTavrinSceneNode* parentNode,
+                                                 bool reportsProgress)
+{
+    std::size_t read = 0;
+    for (auto it = range.begin(); it != range.end(); ++it) {
+        const UsdPrim& prim = *it;
+        if (prototypeRoots.count(prim.GetPath())) {
+            it.PruneChildren();
+            continue;
+        }
+        if (reportsProgress) {
+            ++visitedPrimCount;
+            if (progressCallback && primCount > 0) {
+                const int percent = static_cast<int>(static_cast<double>(visitedPrimCount) / primCount * 96.0 + 2.0);
+                if (percent <= 98)
+                    ReportProgress("Reading Geometries", percent);
+            }
+        }
+        const auto parentEntry = it == range.begin() ? nodesByPath.end() : nodesByPath.find(prim.GetParent().GetPath());
+        ReadPrim(prim, parentEntry != nodesByPath.end() ? parentEntry->second : parentNode);
+        ++read;
+    }
+    return read;
 }
 
 } // namespace Tavrin

@@ -86,21 +86,19 @@ CTavrinDocument* CTavrinUSDReaderHandler::ReadUSDFile(CTavrinString path, CTavri
     // place, named and parented as if authored there.
     const Usd_PrimFlagsPredicate walked =
         options.instances ? UsdTraverseInstanceProxies(UsdPrimDefaultPredicate) : UsdPrimDefaultPredicate;
-    // A first walk only counts, so that progress can be told in percent.
-    for ([[maybe_unused]] const UsdPrim& prim : stage->Traverse(walked))
-        ++primCount;
-    // Parents come before their children, so a parent's node is always in
-    // nodesByPath by the time its children look for it.
+    // A first walk counts, so that progress can be told in percent, and
+    // finds the prototypes of point instancers, which the second leaves to
+    // their instancers.
     for (const UsdPrim& prim : stage->Traverse(walked)) {
-        ++visitedPrimCount;
-        if (progressCallback && primCount > 0) {
-            const int percent = static_cast<int>(static_cast<double>(visitedPrimCount) / primCount * 96.0 + 2.0);
-            if (percent <= 98)
-                ReportProgress("Reading Geometries", percent);
+        ++primCount;
+        if (const UsdGeomPointInstancer instancer =
+                options.pointInstancers ? UsdGeomPointInstancer(prim) : UsdGeomPointInstancer()) {
+            SdfPathVector prototypes;
+            instancer.GetPrototypesRel().GetTargets(&prototypes);
+            prototypeRoots.insert(prototypes.begin(), prototypes.end());
         }
-        const auto parentEntry = nodesByPath.find(prim.GetParent().GetPath());
-        ReadPrim(prim, parentEntry != nodesByPath.end() ? parentEntry->second : nullptr);
     }
+    ReadSubtree(stage->Traverse(walked), nullptr, true);
 
     ReportProgress("Finalizing", 99);
     if (sequence)

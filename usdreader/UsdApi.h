@@ -47,6 +47,7 @@
 #include <pxr/usd/usdGeom/cylinder.h>
 #include <pxr/usd/usdGeom/mesh.h>
 #include <pxr/usd/usdGeom/plane.h>
+#include <pxr/usd/usdGeom/pointInstancer.h>
 #include <pxr/usd/usdGeom/sphere.h>
 #include <pxr/usd/usdGeom/primvar.h>
 #include <pxr/usd/usdGeom/primvarsAPI.h>
@@ -108,6 +109,7 @@
 #include "usdcore/usdGeom/cylinder.h"
 #include "usdcore/usdGeom/mesh.h"
 #include "usdcore/usdGeom/plane.h"
+#include "usdcore/usdGeom/pointInstancer.h"
 #include "usdcore/usdGeom/sphere.h"
 #include "usdcore/usdGeom/primvar.h"
 #include "usdcore/usdGeom/primvarsAPI.h"

@@ -6,9 +6,11 @@ namespace TavrinUsdImport {
 
 const char* const usageText =
     "usage: tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH] [--no-shapes]\n"
-    "                         [--no-instances]\n"
-    "  --no-shapes     leave Cube, Sphere, Cylinder, Cone, Capsule and Plane prims out\n"
-    "  --no-instances  leave what instanceable prims bring in out (the instance itself stays)\n";
+    "                         [--no-instances] [--no-point-instancers]\n"
+    "  --no-shapes            leave Cube, Sphere, Cylinder, Cone, Capsule and Plane prims out\n"
+    "  --no-instances         leave what instanceable prims bring in out (the instance itself stays)\n"
+    "  --no-point-instancers  make no nodes for point instancers' instances; their prototypes are\n"
+    "                         read where they are authored\n";
 
 namespace {
 
@@ -54,6 +56,8 @@ bool ParseCommandLine(int argc, const char* const* argv, CommandLine& commandLin
             commandLine.options.shapes = false;
         } else if (std::strcmp(argument, "--no-instances") == 0) {
             commandLine.options.instances = false;
+        } else if (std::strcmp(argument, "--no-point-instancers") == 0) {
+            commandLine.options.pointInstancers = false;
         } else if (std::strcmp(argument, "--help") == 0 || std::strcmp(argument, "-h") == 0) {
             commandLine.help = true;
         } else if (argument[0] == '-' && argument[1] != '\0') {

@@ -2,7 +2,7 @@
 // new document, as the application's importer does, and tells what it holds.
 //
 //   tavrin-usd-import [FILE] [--folder DIR] [--json PATH] [--quiet] [--plugin PATH] [--no-shapes]
-//                     [--no-instances]
+//                     [--no-instances] [--no-point-instancers]
 //
 // Like the application, it loads the importer plug-in (the build's own unless
 // --plugin names another), hands it the program's animation containers and
@@ -11,7 +11,8 @@
 // DIR, or into a fresh folder under the temporary directory. --json writes the
 // import (progress reports and document) in the tavrin-document/1 form
 // (docs/document-json.md). --no-shapes imports no implicit shapes (cubes,
-// spheres and the like); --no-instances nothing that instances bring in.
+// spheres and the like); --no-instances nothing that instances bring in;
+// --no-point-instancers no copies for a point instancer's instances.
 // Exit status: 0 on success, 1 when the import (or writing the JSON) failed,
 // 2 on a usage error.
 
